@@ -1,0 +1,90 @@
+#include "dialog_presenter.h"
+#include "core/dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace {
+
+QWidget *parentWindow()
+{
+    return QApplication::activeWindow();
+}
+
+int showBox(const QString &text, int style, const QString &title)
+{
+    QMessageBox box(parentWindow());
+    box.setWindowTitle(title);
+    box.setText(text);
+    switch (style & 0x70) {
+    case vbCritical:
+        box.setIcon(QMessageBox::Critical);
+        break;
+    case vbQuestion:
+        box.setIcon(QMessageBox::Question);
+        break;
+    case vbExclamation:
+        box.setIcon(QMessageBox::Warning);
+        break;
+    case vbInformation:
+        box.setIcon(QMessageBox::Information);
+        break;
+    default:
+        box.setIcon(QMessageBox::NoIcon);
+    }
+    switch (style & 7) {
+    case vbOKCancel:
+        box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+        break;
+    case vbYesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        break;
+    case vbYesNo:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        break;
+    default:
+        box.setStandardButtons(QMessageBox::Ok);
+    }
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return vbYes;
+    case QMessageBox::No:
+        return vbNo;
+    case QMessageBox::Cancel:
+        return vbCancel;
+    default:
+        return vbOK;
+    }
+}
+
+void showTimed(const QString &text, const QString &title, int msec)
+{
+    QMessageBox box(parentWindow());
+    box.setWindowTitle(title);
+    box.setText(text);
+    box.setIcon(QMessageBox::Information);
+    box.setStandardButtons(QMessageBox::Ok);
+    QTimer::singleShot(msec, &box, &QMessageBox::accept);
+    box.exec();
+}
+
+} // namespace
+
+void Install_Dialog_Presenter()
+{
+    Dialogs::Presenter p;
+    p.msgBox = showBox;
+    p.timed = showTimed;
+    p.folder = [](const QString &prompt, const QString &start) {
+        return QFileDialog::getExistingDirectory(parentWindow(), prompt, start);
+    };
+    p.openFile = [](const QString &title, const QString &folder, const QString &filter) {
+        return QFileDialog::getOpenFileName(parentWindow(), title, folder, filter);
+    };
+    p.saveFile = [](const QString &title, const QString &folder, const QString &filter) {
+        return QFileDialog::getSaveFileName(parentWindow(), title, folder, filter);
+    };
+    Dialogs::setPresenter(p);
+}
