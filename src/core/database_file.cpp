@@ -120,6 +120,14 @@ void Compact_Export()
     // A copy left by an earlier stopped run is incomplete or stale.
     if (QFileInfo::exists(tempPath()) && !QFile::remove(tempPath()))
         throw AppError(QStringLiteral("Permission denied: ") + tempPath());
+    // Connections never create files, and an attached file opens as its
+    // connection does: the copy starts as an empty file, which the engine
+    // takes as an empty database.
+    {
+        QFile empty(tempPath());
+        if (!empty.open(QIODevice::WriteOnly))
+            throw AppError(QStringLiteral("Permission denied: ") + tempPath());
+    }
     Connection conn;
     conn.open();
     try {

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSettings>
 
 QString Prepared_Database_Path()
 {
@@ -18,6 +19,9 @@ TestDataFolder::TestDataFolder(bool withDatabase)
     qputenv("STRATHMARK_DATA_DIR", dir.toUtf8());
     qputenv("XDG_CONFIG_HOME", (dir + QStringLiteral("config")).toUtf8());
     qputenv("XDG_DATA_HOME", (dir + QStringLiteral("data")).toUtf8());
+    // The settings store reads its place once per process: point it here for each test.
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, dir + QStringLiteral("config"));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, dir + QStringLiteral("config"));
     if (withDatabase) {
         QFile::copy(Prepared_Database_Path(), dir + DB_FILE);
         QFile(dir + DB_FILE).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
