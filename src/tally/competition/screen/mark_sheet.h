@@ -1,0 +1,49 @@
+#pragma once
+#include "core/db.h"
+
+#include <QString>
+#include <QStringList>
+
+// The marks of one dance of one event, as the mark grid shows and edits them.
+
+enum class Mark_Check {
+    Accepted,      // empty, or a number from 0 to 100 (fractions kept)
+    Out_Of_Range,  // a number, but below 0 or above 100
+    Invalid,       // no number, or beyond a 16-bit whole number
+};
+Mark_Check Check_Mark(const QString &text);
+
+// The value a mark cell's text is stored as: NULL for an empty cell, the
+// number for a number. Any other text goes as text, which the mark column
+// refuses.
+QVariant Mark_Value(const QString &text);
+// A stored mark as the grid shows it: empty for NULL, 87.5, 12.
+QString Mark_Text(const QVariant &value);
+
+// The statement of the marks shown: all dancers of the dance, or with
+// registeredOnly only those signed in or without card (registered not NULL).
+// Ordered by number, orderSql "ASC" or "DESC".
+QString Marks_Select(short comp, const QString &code, short dance, bool registeredOnly, const QString &orderSql);
+
+class Mark_Sheet
+{
+public:
+    void open(Connection &conn, short comp, const QString &code, short dance, bool registeredOnly,
+              const QString &orderSql);
+    void close() { m_rs.close(); }
+    bool isOpen() const { return m_rs.isOpen(); }
+
+    int rowCount() const { return m_rs.rowCount(); }
+    QString number(int row) const;
+    QString mark(int row) const;
+
+    // Writes the marks of the rows in order, one per row, in one transaction.
+    // A row whose mark cannot be stored stops the work with its pending
+    // change dropped: its index is returned (the rows before it stay written)
+    // and error tells the engine's words. -1 when all went in.
+    int write(const QStringList &marks, QString *error = nullptr);
+
+private:
+    Connection *m_conn = nullptr;
+    RecordSet m_rs;
+};

@@ -1,0 +1,309 @@
+#include "support/fixtures.h"
+#include "support/test_env.h"
+#include "core/db.h"
+#include "tally/competition/screen/dance_settings.h"
+#include "tally/competition/screen/entries_sync.h"
+#include "tally/competition/screen/event_queries.h"
+#include "tally/competition/screen/mark_sheet.h"
+#include "tally/competition/screen/result_rows.h"
+
+#include <QtTest>
+
+namespace {
+
+QString Marks_Of(Connection &c, short comp, const QString &code, int competitor)
+{
+    RowSet rs = c.query(QString("SELECT dance_id, points_awarded1 FROM comp_judges_results WHERE competition_id = %1 "
+                                "AND group_id = '%2' AND competitor_id = %3 ORDER BY dance_id")
+                            .arg(comp)
+                            .arg(code)
+                            .arg(competitor));
+    QStringList out;
+    for (; !rs.eof(); rs.next())
+        out << rs.text("dance_id") + ":" + rs.text("points_awarded1");
+    return out.join(' ');
+}
+
+QStringList Texts(const QList<QStringList> &rows)
+{
+    QStringList out;
+    for (const QStringList &r : rows)
+        out << r.join('|');
+    return out;
+}
+
+} // namespace
+
+class TestCompScreenLogic : public QObject
+{
+    Q_OBJECT
+private slots:
+    void events_dances_and_judges_of_the_screen();
+    void sync_adds_rows_and_drops_withdrawn_dancers();
+    void small_events_and_dances_count_for_no_trophy();
+    void marks_are_checked_as_the_grid_accepts_them();
+    void mark_sheet_writes_fractions_and_nulls_and_stops_at_a_refused_row();
+    void registered_filter_hides_rows_without_touching_their_marks();
+    void result_rows_show_place_and_tie();
+    void dance_judge_and_trophy_flag();
+};
+
+void TestCompScreenLogic::events_dances_and_judges_of_the_screen()
+{
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    const short comp = Fixture::Competition(c);
+    Fixture::Event(c, comp, "B", "Beginners 7 & Under", "PRI");
+    Fixture::Event(c, comp, "A", "Novice 8-10", "H");
+    Fixture::Event(c, comp, "CH", "Adult Championship", "C");
+    Fixture::Event(c, comp, "PS", "Premiership 12+", "PS");
+    c.execute("UPDATE age_groups SET orderby = 2 WHERE competition_group_id = 'B'");
+    c.execute("UPDATE age_groups SET orderby = 1, dancer_order = 'D' WHERE competition_group_id = 'A'");
+
+    const QList<Event_Entry> events = Competition_Events(c, comp);
+    QCOMPARE(events.size(), 2);
+    QCOMPARE(events[0].code, QString("A"));
+    QCOMPARE(events[0].name, QString("Novice 8-10"));
+    QCOMPARE(events[1].category, QString("PRI"));
+
+    // Running order of the category, not dance number.
+    QList<Dance_Entry> dances = Event_Dances(c, comp, "PRI");
+    QStringList names;
+    for (const Dance_Entry &d : dances)
+        names << QString::number(d.id) + " " + d.name;
+    QCOMPARE(names, QStringList({"6 Pas de Basque", "7 Pas de Basque and High Cuts", "1 Fling", "2 Swords"}));
+
+    const Event_Settings a = Read_Event_Settings(c, comp, "A");
+    QCOMPARE(a.dancerOrderSql, QString("DESC"));
+    QCOMPARE(a.noPrizes, short(6));
+    QCOMPARE(Read_Event_Settings(c, comp, "B").dancerOrderSql, QString("ASC"));
+
+    Fixture::Judge(c, comp, "Morag", "Stewart");
+    Fixture::Judge(c, comp, "Alan", "Boyd");
+    const QList<Judge_Entry> judges = Competition_Judges(c, comp);
+    QCOMPARE(judges.size(), 2);
+    QCOMPARE(judges[0].name, QString("Alan Boyd"));
+}
+
+void TestCompScreenLogic::sync_adds_rows_and_drops_withdrawn_dancers()
+{
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    const short comp = Fixture::Competition(c);
+    Fixture::Event(c, comp, "A", "Novice", "H");
+    Fixture::Event(c, comp, "B", "Intermediate", "H");
+    for (int n = 101; n <= 106; ++n)
+        Fixture::Competitor(c, comp, n, "Dancer", QString::number(n), {"A", "B"});
+    const QList<short> dances = {1, 2, 3, 4};
+
+    Sync_Entries(c, comp, "A", dances);
+    QCOMPARE(Fixture::Count(c, "comp_judges_results", "group_id = 'A'"), 24);
+    QCOMPARE(Fixture::Count(c, "comp_judges_results", "points_awarded1 IS NULL"), 24);
+    QCOMPARE(Fixture::Count(c, "comp_judges_results", "group_id = 'B'"), 0);
+
+    // A second run adds nothing and keeps the marks.
+    c.execute("UPDATE comp_judges_results SET points_awarded1 = 80 WHERE competitor_id = 101");
+    c.execute("UPDATE comp_judges_results SET points_awarded1 = 75.5 WHERE competitor_id = 102");
+    Sync_Entries(c, comp, "A", dances);
+    QCOMPARE(Fixture::Count(c, "comp_judges_results"), 24);
+    QCOMPARE(Marks_Of(c, comp, "A", 102), QString("1:75.5 2:75.5 3:75.5 4:75.5"));
+
+    // Withdrawn from the event: the marks go from every dance, the other event is untouched.
+    Sync_Entries(c, comp, "B", dances);
+    c.execute(QString("DELETE FROM competitor_groups WHERE competitor_id = 101 AND group_id = 'A'"));
+    Sync_Entries(c, comp, "A", dances);
+    QCOMPARE(Marks_Of(c, comp, "A", 101), QString());
+    QCOMPARE(Fixture::Count(c, "comp_judges_results", "group_id = 'A'"), 20);
+    QCOMPARE(Fixture::Count(c, "comp_judges_results", "group_id = 'B' AND competitor_id = 101"), 4);
+    QCOMPARE(Marks_Of(c, comp, "A", 102), QString("1:75.5 2:75.5 3:75.5 4:75.5"));
+
+    // A late entry gets empty rows; a dance added to the list gets rows for all.
+    Fixture::Competitor(c, comp, 107, "Late", "Entry", {"A"});
+    Sync_Entries(c, comp, "A", {1, 2, 3, 4, 5});
+    QCOMPARE(Marks_Of(c, comp, "A", 107), QString("1: 2: 3: 4: 5:"));
+    QCOMPARE(Fixture::Count(c, "comp_judges_results", "group_id = 'A' AND dance_id = 5"), 6);
+
+    // An entry whose dancer is gone from competitors goes with its marks.
+    c.execute("DELETE FROM competitors WHERE competitor_id = 103");
+    Sync_Entries(c, comp, "A", dances);
+    QCOMPARE(Marks_Of(c, comp, "A", 103), QString());
+    QCOMPARE(Fixture::Count(c, "competitor_groups", "competitor_id = 103 AND group_id = 'A'"), 0);
+    QCOMPARE(Fixture::Count(c, "competitor_groups", "competitor_id = 103 AND group_id = 'B'"), 1);
+    QVERIFY(!c.inTransaction());
+}
+
+void TestCompScreenLogic::small_events_and_dances_count_for_no_trophy()
+{
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    const short comp = Fixture::Competition(c);
+    Fixture::Event(c, comp, "S", "Small", "PRI");
+    Fixture::Event(c, comp, "L", "Large", "H");
+    for (int n = 1; n <= 5; ++n)
+        Fixture::Competitor(c, comp, n, "Small", QString::number(n), {"S"});
+    for (int n = 11; n <= 16; ++n)
+        Fixture::Competitor(c, comp, n, "Large", QString::number(n), {"L"});
+
+    c.execute(QString("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES(%1, 'S', 9)").arg(comp));
+    QVERIFY(Flag_Small_Event(c, comp, "S", "PRI"));
+    RowSet rs = c.query("SELECT dance_id FROM dance_no_dancers WHERE group_id = 'S' ORDER BY dance_id");
+    QStringList flagged;
+    for (; !rs.eof(); rs.next())
+        flagged << rs.text("dance_id");
+    QCOMPARE(flagged, QStringList({"1", "2", "6", "7"}));
+
+    // Six dancers: nothing is written, and a flag set by hand stays.
+    c.execute(QString("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES(%1, 'L', 2)").arg(comp));
+    QVERIFY(!Flag_Small_Event(c, comp, "L", "H"));
+    QCOMPARE(Fixture::Count(c, "dance_no_dancers", "group_id = 'L'"), 1);
+
+    // The dance rule counts mark rows: five rows flag, six do not.
+    Sync_Entries(c, comp, "L", {1, 2, 3, 4});
+    QVERIFY(!Flag_Small_Dance(c, comp, "L", 1));
+    c.execute("DELETE FROM comp_judges_results WHERE group_id = 'L' AND dance_id = 3 AND competitor_id = 11");
+    QVERIFY(Flag_Small_Dance(c, comp, "L", 3));
+    QVERIFY(Flag_Small_Dance(c, comp, "L", 3));
+    QCOMPARE(Fixture::Count(c, "dance_no_dancers", "group_id = 'L'"), 2);
+    QVERIFY(Has_No_Dancers_Flag(c, comp, "L", 3));
+    QVERIFY(!Has_No_Dancers_Flag(c, comp, "L", 1));
+}
+
+void TestCompScreenLogic::marks_are_checked_as_the_grid_accepts_them()
+{
+    for (const char *ok : {"", "0", "100", "87.5", "99.75", " 64 "})
+        QVERIFY2(Check_Mark(ok) == Mark_Check::Accepted, ok);
+    for (const char *range : {"101", "100.01", "-1", "-0.5", "32767"})
+        QVERIFY2(Check_Mark(range) == Mark_Check::Out_Of_Range, range);
+    // Beyond a 16-bit whole number the conversion itself fails.
+    for (const char *bad : {"abc", "40000", "32767.6", "-32769", "8O", "1,5", "inf", "nan"})
+        QVERIFY2(Check_Mark(bad) == Mark_Check::Invalid, bad);
+
+    QVERIFY(Mark_Value("").isNull());
+    QCOMPARE(Mark_Value("87.5").toDouble(), 87.5);
+    QCOMPARE(Mark_Value("90").typeId(), QMetaType::LongLong);
+    QCOMPARE(Mark_Text(QVariant(87.25)), QString("87.25"));
+    QCOMPARE(Mark_Text(QVariant(qlonglong(90))), QString("90"));
+}
+
+void TestCompScreenLogic::mark_sheet_writes_fractions_and_nulls_and_stops_at_a_refused_row()
+{
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    const short comp = Fixture::Competition(c);
+    Fixture::Event(c, comp, "A", "Novice", "H");
+    for (int n : {12, 5, 30, 7})
+        Fixture::Competitor(c, comp, n, "D", QString::number(n), {"A"});
+    Sync_Entries(c, comp, "A", {1, 2});
+    c.execute("UPDATE comp_judges_results SET points_awarded1 = 50 WHERE competitor_id = 7 AND dance_id = 1");
+
+    Mark_Sheet sheet;
+    sheet.open(c, comp, "A", 1, false, "DESC");
+    QCOMPARE(sheet.rowCount(), 4);
+    QCOMPARE(sheet.number(0), QString("30"));
+    QCOMPARE(sheet.number(3), QString("5"));
+    QCOMPARE(sheet.mark(2), QString("50"));
+
+    QCOMPARE(sheet.write({"87.5", "87.25", "", "100"}), -1);
+    QCOMPARE(Marks_Of(c, comp, "A", 30), QString("1:87.5 2:"));
+    QCOMPARE(Marks_Of(c, comp, "A", 12), QString("1:87.25 2:"));
+    QCOMPARE(Marks_Of(c, comp, "A", 7), QString("1: 2:"));
+    QCOMPARE(Marks_Of(c, comp, "A", 5), QString("1:100 2:"));
+    QCOMPARE(c.scalar("SELECT points_awarded1 > 87.25 FROM comp_judges_results WHERE competitor_id = 30 AND "
+                      "dance_id = 1").toInt(), 1);
+
+    // A text the column refuses stops the save at its row; the rows before stay.
+    QString error;
+    QCOMPARE(sheet.write({"60", "61", "abc", "63"}, &error), 2);
+    QVERIFY(!error.isEmpty());
+    QCOMPARE(sheet.mark(2), QString());
+    QCOMPARE(Marks_Of(c, comp, "A", 30), QString("1:60 2:"));
+    QCOMPARE(Marks_Of(c, comp, "A", 12), QString("1:61 2:"));
+    QCOMPARE(Marks_Of(c, comp, "A", 5), QString("1:100 2:"));
+    QVERIFY(!c.inTransaction());
+}
+
+void TestCompScreenLogic::registered_filter_hides_rows_without_touching_their_marks()
+{
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    const short comp = Fixture::Competition(c);
+    Fixture::Event(c, comp, "A", "Novice", "H");
+    for (int n = 1; n <= 4; ++n)
+        Fixture::Competitor(c, comp, n, "D", QString::number(n), {"A"});
+    c.execute("UPDATE competitors SET registered = 1 WHERE competitor_id = 2");
+    c.execute("UPDATE competitors SET registered = 0 WHERE competitor_id = 4");
+    Sync_Entries(c, comp, "A", {1});
+    c.execute("UPDATE comp_judges_results SET points_awarded1 = 70");
+
+    Mark_Sheet sheet;
+    sheet.open(c, comp, "A", 1, true, "ASC");
+    QCOMPARE(sheet.rowCount(), 2);
+    QCOMPARE(sheet.number(0), QString("2"));
+    QCOMPARE(sheet.number(1), QString("4"));
+    QCOMPARE(sheet.write({"81", ""}), -1);
+    QCOMPARE(Marks_Of(c, comp, "A", 1), QString("1:70"));
+    QCOMPARE(Marks_Of(c, comp, "A", 2), QString("1:81"));
+    QCOMPARE(Marks_Of(c, comp, "A", 3), QString("1:70"));
+    QCOMPARE(Marks_Of(c, comp, "A", 4), QString("1:"));
+}
+
+void TestCompScreenLogic::result_rows_show_place_and_tie()
+{
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    const short comp = Fixture::Competition(c);
+    Fixture::Event(c, comp, "A", "Novice", "H");
+    Fixture::Competitor(c, comp, 3, "Ailsa", "Grant", {"A"});
+    Fixture::Competitor(c, comp, 9, "Beth", "Munro", {"A"});
+    Fixture::Competitor(c, comp, 4, "Cara", "Fraser", {"A"});
+    c.execute("UPDATE competitors SET surname = NULL WHERE competitor_id = 4");
+    for (const char *row : {"9, 91, 2, ''", "3, 137, 1, '='", "4, 137, 1, '='"})
+        c.execute(QString("INSERT INTO overall_results(competition_id, group_id, competitor_id, points, placing, tie) "
+                          "VALUES(%1, 'A', %2)").arg(comp).arg(row));
+    c.execute(QString("INSERT INTO overall_dance_results(competition_id, group_id, dance_id, competitor_id, points, "
+                      "placing, tie) VALUES(%1, 'A', 2, 9, 137, 1, '')").arg(comp));
+    c.execute(QString("INSERT INTO overall_dance_results(competition_id, group_id, dance_id, competitor_id, points, "
+                      "placing, tie) VALUES(%1, 'A', 1, 3, 137, 1, '')").arg(comp));
+
+    const QStringList overall = Texts(Event_Result_Rows(c, comp, "A", "overall_results"));
+    QCOMPARE(overall.size(), 3);
+    QVERIFY(overall.contains("3|1=|Ailsa Grant"));
+    QVERIFY(overall.contains("4|1=|Cara "));
+    QCOMPARE(overall.last(), QString("9|2|Beth Munro"));
+    QCOMPARE(Texts(Dance_Result_Rows(c, comp, "A", 2)), QStringList({"9|1|Beth Munro"}));
+    QVERIFY(Event_Result_Rows(c, comp, "A", "highland_results").isEmpty());
+}
+
+void TestCompScreenLogic::dance_judge_and_trophy_flag()
+{
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    const short comp = Fixture::Competition(c);
+    const int morag = Fixture::Judge(c, comp, "Morag", "Stewart");
+    const int alan = Fixture::Judge(c, comp, "Alan", "Boyd");
+    QCOMPARE(Dance_Judge_Name(c, comp, "A", 1), QString());
+    Set_Dance_Judge(c, comp, "A", 1, 0, morag);
+    Set_Dance_Judge(c, comp, "A", 1, 0, alan);
+    Set_Dance_Judge(c, comp, "A", 2, 0, morag);
+    QCOMPARE(Fixture::Count(c, "judges_results_judges"), 2);
+    QCOMPARE(Dance_Judge_Name(c, comp, "A", 1), QString("Alan Boyd"));
+    QCOMPARE(Dance_Judge_Name(c, comp, "a", 2), QString("Morag Stewart"));
+    QCOMPARE(Judge_Name(c, morag), QString("Morag Stewart"));
+
+    Set_No_Dancers(c, comp, "A", 1, 0);
+    Set_No_Dancers(c, comp, "A", 1, 0);
+    QVERIFY(Has_No_Dancers_Flag(c, comp, "A", 1));
+    Set_No_Dancers(c, comp, "A", 1, 1);
+    QVERIFY(!Has_No_Dancers_Flag(c, comp, "A", 1));
+    QCOMPARE(Dance_Name(c, 3), QString("Seann Truibhas"));
+}
+
+QTEST_GUILESS_MAIN(TestCompScreenLogic)
+#include "test_compscreen_logic.moc"
