@@ -1,6 +1,5 @@
 #include "competitor_save.h"
 #include "competitor_columns.h"
-#include "competitor_rows.h"
 #include "row_marks.h"
 #include "core/db.h"
 #include "core/routines.h"
@@ -67,7 +66,7 @@ void Insert_New_Competitor(Connection &conn, short competitionId, const QStringL
             Insert_Group(conn, id, cells[Number], cells[col].toUpper());
 }
 
-void Write_Edited_Competitor(Connection &conn, short competitionId, Competitor_Rows &rows, int rsRow,
+void Write_Edited_Competitor(Connection &conn, short competitionId, RecordSet &rows, int rsRow,
                              const QStringList &cells)
 {
     using namespace Competitor_Col;
@@ -99,7 +98,7 @@ QStringList Grid_Row_Cells(const Cell_Reader &cell, int row)
     return cells;
 }
 
-void Save_Competitor_Grid(Connection &conn, short competitionId, Competitor_Rows &rows, Row_Marks &marks,
+void Save_Competitor_Grid(Connection &conn, short competitionId, RecordSet &rows, Row_Marks &marks,
                           int lastGridRow, const Cell_Reader &cell, int &workRow)
 {
     Transaction t(conn);

@@ -4,7 +4,7 @@
 #include <functional>
 
 class Connection;
-class Competitor_Rows;
+class RecordSet;
 class Row_Marks;
 
 // The two ways a grid row of competitors reaches the table. New rows are
@@ -22,7 +22,7 @@ QString New_Competitor_Insert(short competitionId, const QStringList &cells);
 void Insert_New_Competitor(Connection &conn, short competitionId, const QStringList &cells);
 // Writes an edited row through the row set, events first. Events are read
 // from column 16 on, so Field4 also becomes an event of the dancer.
-void Write_Edited_Competitor(Connection &conn, short competitionId, Competitor_Rows &rows, int rsRow,
+void Write_Edited_Competitor(Connection &conn, short competitionId, RecordSet &rows, int rsRow,
                              const QStringList &cells);
 
 // Text of a grid cell: (grid row, column).
@@ -34,5 +34,5 @@ QStringList Grid_Row_Cells(const Cell_Reader &cell, int row);
 // The grid has one caption row. workRow follows the row in work, so that a
 // fault can name it; the fault itself goes to the caller, and what was
 // written before it stays.
-void Save_Competitor_Grid(Connection &conn, short competitionId, Competitor_Rows &rows, Row_Marks &marks,
+void Save_Competitor_Grid(Connection &conn, short competitionId, RecordSet &rows, Row_Marks &marks,
                           int lastGridRow, const Cell_Reader &cell, int &workRow);

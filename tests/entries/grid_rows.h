@@ -1,6 +1,6 @@
 #pragma once
 #include "entries/competitor_columns.h"
-#include "entries/competitor_rows.h"
+#include "core/db.h"
 #include "entries/competitor_save.h"
 
 #include <QList>
@@ -12,13 +12,20 @@ struct Grid_Rows
 {
     QList<QStringList> cells;
 
-    void fill(const Competitor_Rows &rows)
+    // Stored values as the grid shows them: NULL empty, 12, 87.5.
+    static QString shown(const QVariant &v)
+    {
+        if (v.isNull())
+            return QString();
+        return v.typeId() == QMetaType::Double ? QString::number(v.toDouble(), 'g', 15) : v.toString();
+    }
+    void fill(const RecordSet &rows)
     {
         cells = {Competitor_Captions()};
         for (int r = 0; r < rows.rowCount(); ++r) {
             QStringList row;
             for (int f = 0; f < rows.fieldCount(); ++f)
-                row << rows.text(r, f);
+                row << shown(rows.value(r, f));
             cells << row;
         }
     }

@@ -34,13 +34,13 @@ private:
     {
         Connection conn;
         short comp = 0;
-        Competitor_Rows rows;
+        RecordSet rows;
         Row_Marks marks;
         Grid_Rows grid;
 
         void open()
         {
-            rows.open(conn, Competitor_Statement(comp) + " ORDER BY 2 DESC");
+            rows.open(conn, "competitors", Row_Set_Statement(Competitor_Statement(comp) + " ORDER BY 2 DESC"));
             grid.fill(rows);
         }
         void save()

@@ -70,8 +70,8 @@ void TestSearch::cleanup()
 
 QList<int> TestSearch::numbers(const Competitor_Search &s)
 {
-    Competitor_Rows rows;
-    rows.open(conn, Search_Statement(comp, s));
+    RecordSet rows;
+    rows.open(conn, "competitors", Row_Set_Statement(Search_Statement(comp, s)));
     QList<int> out;
     for (int r = 0; r < rows.rowCount(); ++r)
         out << rows.value(r, Number).toInt();
@@ -175,10 +175,10 @@ void TestSearch::search_rows_save_through_their_alias()
     s.groupCode = "CH";
     s.order = Search_Order(3);
     const QString statement = Search_Statement(comp, s);
-    QCOMPARE(Competitor_Rows::Alias_Of(statement), QString("c"));
-    QCOMPARE(Competitor_Rows::Alias_Of(Competitor_Statement(comp)), QString("competitors"));
-    Competitor_Rows rows;
-    rows.open(conn, statement);
+    QCOMPARE(Competitors_Alias(statement), QString("c"));
+    QCOMPARE(Competitors_Alias(Competitor_Statement(comp)), QString("competitors"));
+    RecordSet rows;
+    rows.open(conn, "competitors", Row_Set_Statement(statement));
     Grid_Rows grid;
     grid.fill(rows);
     Row_Marks marks;
