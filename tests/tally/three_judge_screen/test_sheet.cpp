@@ -1,4 +1,4 @@
-#include "tally/three_judge/screen/mark_sheet.h"
+#include "tally/three_judge/screen/mark_rules.h"
 #include "tally/three_judge/screen/three_judge_kind.h"
 #include "tally/three_judge/screen/three_judge_sheet.h"
 #include "core/db.h"
@@ -40,16 +40,18 @@ QString Marks(Connection &conn, short comp, const QString &group, short dance, i
     return out.join(',');
 }
 
-QList<QStringList> Grid_Of(const Mark_Sheet &sheet)
+// The grid as the screen fills it: the caption row, then one row per record.
+Grid_Cells Grid_Of(const Mark_Rules &rules, const RecordSet &rs)
 {
-    QList<QStringList> grid;
-    for (int r = 0; r < sheet.rowCount(); ++r) {
+    Grid_Cells cells(0, rs.fieldCount());
+    cells.appendRow(rules.Captions(false).first());
+    for (int r = 0; r < rs.rowCount(); ++r) {
         QStringList row;
-        for (int f = 0; f < sheet.fieldCount(); ++f)
-            row << sheet.cellText(r, f);
-        grid << row;
+        for (int f = 0; f < rs.fieldCount(); ++f)
+            row << rules.Display_Text(f, rs.value(r, f));
+        cells.appendRow(row);
     }
-    return grid;
+    return cells;
 }
 
 } // namespace
@@ -243,19 +245,26 @@ void TestThreeJudgeSheet::dance_judges()
 
 void TestThreeJudgeSheet::mark_check()
 {
-    QCOMPARE(Check_Mark(""), Mark_Check::Accepted);
-    QCOMPARE(Check_Mark("D"), Mark_Check::Accepted);
-    QCOMPARE(Check_Mark("d"), Mark_Check::Accepted);
-    QCOMPARE(Check_Mark("0"), Mark_Check::Accepted);
-    QCOMPARE(Check_Mark("100"), Mark_Check::Accepted);
-    QCOMPARE(Check_Mark("87.5"), Mark_Check::Accepted);
-    QCOMPARE(Check_Mark("101"), Mark_Check::Out_Of_Range);
-    QCOMPARE(Check_Mark("-1"), Mark_Check::Out_Of_Range);
-    QCOMPARE(Check_Mark("100.7"), Mark_Check::Out_Of_Range);   // read as 101
-    QCOMPARE(Check_Mark("40000"), Mark_Check::Not_A_Number);   // past 16 bits
-    QCOMPARE(Check_Mark("DQ"), Mark_Check::Not_A_Number);
-    QCOMPARE(Check_Mark("abc"), Mark_Check::Not_A_Number);
-    QCOMPARE(Check_Mark("inf"), Mark_Check::Not_A_Number);
+    Mark_Rules rules;
+    auto check = [&rules](QString text) -> QString {
+        try {
+            const std::optional<Cell_Refusal> refused = rules.Check_Cell(1, 4, text);
+            return refused ? refused->title + ": " + refused->text : QString("ok");
+        } catch (const AppError &) {
+            return "fault";   // the editor's handler shows the "Invalid Entry!" box
+        }
+    };
+    for (const char *good : {"", "D", "d", "0", "100", "87.5", " 42 "})
+        QCOMPARE(check(good), QString("ok"));
+    const QString range = "Validation Error: " + Mark_Range_Message;
+    QCOMPARE(check("101"), range);
+    QCOMPARE(check("-1"), range);
+    QCOMPARE(check("100.7"), range);   // read as 101
+    QCOMPARE(check("40000"), QString("fault"));   // past 16 bits
+    for (const char *bad : {"DQ", "abc", "inf", "1O"})
+        QCOMPARE(check(bad), QString("fault"));
+    QCOMPARE(rules.texts.faultText, QString("Invalid Entry! Re-enter or Hit <Escape> to exit"));
+    QCOMPARE(rules.texts.faultTitle, QString("Validation Error"));
 }
 
 void TestThreeJudgeSheet::marks_read_and_write()
@@ -271,57 +280,64 @@ void TestThreeJudgeSheet::marks_read_and_write()
     conn.execute("UPDATE judges_results SET points_awarded1 = -1, points_awarded2 = 87.5 WHERE competitor_id = 12 AND "
                  "dance_id = 1");
 
-    Mark_Sheet sheet;
-    sheet.open(conn, Marks_Select(comp, "C1", 1, false));
-    QCOMPARE(sheet.rowCount(), 3);
-    QCOMPARE(sheet.fieldCount(), 7);
-    QCOMPARE(sheet.fieldName(0), QString("Num"));
-    QCOMPARE(sheet.fieldName(First_Judge_Column), QString("points_awarded1"));
-    QCOMPARE(sheet.fieldName(Last_Judge_Column), QString("points_awarded3"));
-    QList<QStringList> grid = Grid_Of(sheet);
-    QCOMPARE(grid[1], (QStringList{"12", QString::number(comp), "C1", "1", "D", "87.5", ""}));
+    Mark_Rules rules;
+    rules.select = Marks_Select(comp, "C1", 1, false);
+    RecordSet rs;
+    rs.open(conn, rules.table, rules.Select_Sql());
+    QCOMPARE(rs.rowCount(), 3);
+    QCOMPARE(rs.fieldCount(), rules.Column_Count());
+    QCOMPARE(rs.fieldName(First_Judge_Column), QString("points_awarded1"));
+    QCOMPARE(rs.fieldName(Last_Judge_Column), QString("points_awarded3"));
+    QCOMPARE(rs.fieldName(Group_Column), QString("group_id"));
+    Grid_Cells grid = Grid_Of(rules, rs);
+    QCOMPARE(grid.row(2), (QStringList{"12", QString::number(comp), "C1", "1", "D", "87.5", ""}));
 
     // Typed marks: "d" and "D" become -1, empty becomes NULL, fractions stay.
-    grid[0][4] = "d";
-    grid[0][5] = "90";
-    grid[1][4] = "";
-    grid[1][6] = "72.25";
-    grid[2][6] = "D";
-    sheet.writeBack(grid);
+    grid.setText(1, 4, "d");
+    grid.setText(1, 5, "90");
+    grid.setText(2, 4, "");
+    grid.setText(2, 6, "72.25");
+    grid.setText(3, 6, "D");
+    Grid_Save_Result saved = Run_Grid_Save(rules, conn, rs, grid, 0);
+    QVERIFY(!saved.failed);
     QCOMPARE(Marks(conn, comp, "C1", 1, 11), QString("-1,90,NULL"));
     QCOMPARE(Marks(conn, comp, "C1", 1, 12), QString("NULL,87.5,72.25"));
     QCOMPARE(Marks(conn, comp, "C1", 1, 13), QString("NULL,NULL,-1"));
     QCOMPARE(conn.scalar("SELECT typeof(points_awarded2) FROM judges_results WHERE competitor_id = 11 AND dance_id = 1")
                  .toString(), QString("integer"));
+    QCOMPARE(conn.scalar("SELECT typeof(competition_id) FROM judges_results WHERE competitor_id = 11 AND dance_id = 1")
+                 .toString(), QString("integer"));   // the hidden columns go back as they were
     QCOMPARE(Marks(conn, comp, "C1", 2, 11), QString("NULL,NULL,NULL"));   // other dances untouched
 
     // A text that is no number stops the save at its row; rows before it stay.
-    sheet.requery();
-    grid = Grid_Of(sheet);
-    grid[0][4] = "55";
-    grid[1][4] = "abc";
-    grid[2][4] = "60";
-    QVERIFY_THROWS_EXCEPTION(DbError, sheet.writeBack(grid));
+    rs.requery();
+    grid = Grid_Of(rules, rs);
+    grid.setText(1, 4, "55");
+    grid.setText(2, 4, "abc");
+    grid.setText(3, 4, "60");
+    saved = Run_Grid_Save(rules, conn, rs, grid, 0);
+    QVERIFY(saved.failed);
+    QCOMPARE(saved.row, 2);
     QCOMPARE(Marks(conn, comp, "C1", 1, 11), QString("55,90,NULL"));
     QCOMPARE(Marks(conn, comp, "C1", 1, 12), QString("NULL,87.5,72.25"));
     QCOMPARE(Marks(conn, comp, "C1", 1, 13), QString("NULL,NULL,-1"));
-    QCOMPARE(sheet.cellText(1, 4), QString());   // the refused row keeps what it had
 
     // The filter shows signed-in dancers only and leaves the others' marks alone.
     conn.execute("UPDATE competitors SET registered = 0 WHERE competitor_id = 11");
     conn.execute("UPDATE competitors SET registered = 1 WHERE competitor_id = 13");
-    Mark_Sheet filtered;
-    filtered.open(conn, Marks_Select(comp, "C1", 1, true));
+    rules.select = Marks_Select(comp, "C1", 1, true);
+    RecordSet filtered;
+    filtered.open(conn, rules.table, rules.Select_Sql());
     QCOMPARE(filtered.rowCount(), 2);
-    grid = Grid_Of(filtered);
-    QCOMPARE(grid[1][0], QString("13"));
-    grid[1][4] = "70";
-    filtered.writeBack(grid);
+    grid = Grid_Of(rules, filtered);
+    QCOMPARE(grid.text(2, 0), QString("13"));
+    grid.setText(2, 4, "70");
+    QVERIFY(!Run_Grid_Save(rules, conn, filtered, grid, 0).failed);
     QCOMPARE(Marks(conn, comp, "C1", 1, 13), QString("70,NULL,-1"));
     QCOMPARE(Marks(conn, comp, "C1", 1, 12), QString("NULL,87.5,72.25"));
 
-    Mark_Sheet empty;
-    empty.open(conn, Empty_Marks_Select());
+    RecordSet empty;
+    empty.open(conn, rules.table, Empty_Marks_Select());
     QCOMPARE(empty.rowCount(), 0);
 }
 
