@@ -5,11 +5,9 @@
 #include "core/errors.h"
 #include "core/globals.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenuBar>
 
 frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 {
@@ -17,23 +15,11 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setWindowTitle(App_Title);
     m_mdi = new QMdiArea(this);
     m_mdi->setObjectName(QStringLiteral("mdiArea"));
+    m_mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_mdi);
-    Build_File_Menu();
-}
-
-void frmMain::Build_File_Menu()
-{
-    QMenu *file = menuBar()->addMenu(QStringLiteral("&File"));
-    file->setObjectName(QStringLiteral("mnuFile"));
-    auto add = [this, file](const char *name, const char *caption) {
-        QAction *a = file->addAction(QString::fromLatin1(caption));
-        a->setObjectName(QString::fromLatin1(name));
-        return a;
-    };
-    add("mnuFilePageSetup", "Page Set&up...");
-    add("mnuFilePrint", "&Print...");
-    QAction *exit = add("mnuFileExit", "E&xit");
-    connect(exit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
+    Build_Menus();
+    Keep_Track(this, true);
 }
 
 void frmMain::Compact_With_Message()
@@ -48,12 +34,14 @@ void frmMain::Load()
     setGeometry(Load_Main_Geometry());
 }
 
-void frmMain::Unload_Steps()
+bool frmMain::Unload_Steps()
 {
     // Screens close from the last opened down, each closing its connection.
+    // A screen that stays (its save failed) stops the end of the run.
     const QList<QMdiSubWindow *> screens = m_mdi->subWindowList(QMdiArea::CreationOrder);
     for (int i = screens.size() - 1; i >= 0; --i)
-        screens.at(i)->close();
+        if (!screens.at(i)->close())
+            return false;
     if (!isMinimized())
         Save_Main_Geometry(geometry());
     try {
@@ -61,17 +49,30 @@ void frmMain::Unload_Steps()
     } catch (const AppError &e) {
         Msg_Box(e.message(), vbCritical, App_Title);
     }
+    return true;
 }
 
 void frmMain::mnuFileExit_Click()
 {
     // The steps run here and again as the window unloads: the message shows twice.
-    Unload_Steps();
-    close();
+    if (Unload_Steps())
+        close();
 }
 
 void frmMain::closeEvent(QCloseEvent *event)
 {
-    Unload_Steps();
-    event->accept();
+    if (Unload_Steps())
+        event->accept();
+    else
+        event->ignore();
+}
+
+void frmMain::keyPressEvent(QKeyEvent *event)
+{
+    // Esc that no screen took closes the screen in front.
+    if (event->key() == Qt::Key_Escape && m_mdi->activeSubWindow()) {
+        m_mdi->activeSubWindow()->close();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
 }

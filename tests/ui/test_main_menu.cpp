@@ -1,0 +1,286 @@
+// The main window's menu, the competition guard, screens under the menu and
+// the competition selection.
+#include "support/fixtures.h"
+#include "support/test_env.h"
+#include "core/db.h"
+#include "core/dialogs.h"
+#include "core/globals.h"
+#include "ui/competition_list.h"
+#include "ui/frmMain.h"
+#include "ui/frmSelectCompetition.h"
+#include "ui/screen.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QtTest>
+
+namespace {
+
+// A stand-in for a screen another part of the program supplies.
+class PlainScreen : public Screen
+{
+public:
+    explicit PlainScreen(const QString &name) : Screen(name, name) { Open_Connection(); }
+};
+
+void registerStandIns()
+{
+    frmMain::Register_Screen("mnuevents", [] { return new PlainScreen("FrmEvents"); });
+    frmMain::Register_Screen("mnuAgeGroup", [] { return new PlainScreen("frmgroups"); });
+    frmMain::Register_Screen("mnudances", [] { return new PlainScreen("frmdances"); });
+}
+
+QString lastUpdate()
+{
+    Connection c;
+    c.open();
+    return c.scalar("SELECT last_update FROM db_info").toString();
+}
+
+void ageStamp()
+{
+    Connection c;
+    c.open();
+    c.execute("UPDATE db_info SET last_update = '2000-01-01 00:00:00'");
+}
+
+QStringList openScreens(frmMain &main)
+{
+    QStringList names;
+    for (QMdiSubWindow *w : main.mdiArea()->subWindowList(QMdiArea::CreationOrder))
+        names << w->widget()->objectName();
+    return names;
+}
+
+} // namespace
+
+class TestMainMenu : public QObject
+{
+    Q_OBJECT
+private slots:
+    void menu_tree_in_order();
+    void items_without_a_screen_stay_disabled_until_registered();
+    void guard_on_a_fresh_file_opens_competitions();
+    void guard_with_competitions_opens_the_selection();
+    void selected_competition_opens_the_target_and_stamps();
+    void screens_open_full_size_several_at_once_and_esc_closes();
+    void selection_list_in_name_order_and_click_selects();
+    void help_and_about();
+};
+
+void TestMainMenu::menu_tree_in_order()
+{
+    TestDataFolder env;
+    frmMain main;
+    QStringList tree;
+    for (QAction *m : main.menuBar()->actions()) {
+        tree << m->menu()->objectName() + " " + m->text();
+        for (QAction *a : m->menu()->actions())
+            tree << (a->isSeparator() ? "  - " + a->objectName() : "  " + a->objectName() + " " + a->text());
+    }
+    const QStringList expected = {
+        "mnuFile &File", "  mnuFilePageSetup Page Set&up...", "  mnuFilePrint &Print...", "  mnuFileExit E&xit",
+        "mnuEdit &Edit", "  mnuEditCut Cu&t", "  mnuEditCopy &Copy", "  mnuEditPaste &Paste",
+        "mnuMain &Tallier", "  mnuCompetition &Competition", "  mnuTallier &Championship",
+        "  mnuTallierPrem &Premiership",
+        "mnuAdmin &Admin", "  mnuCompetitionWizard &New Competition Wizard",
+        "  mnuSelectCompetition &Select Competition", "  - mnublank0", "  mnuevents &Competitions", "  - mnublank",
+        "  mnusections &Dance Categories", "  mnudances &Dances", "  - mnublank1", "  mnuAgeGroup &Events",
+        "  mnujudges &Judges", "  mnucompetitors &Competitors", "  mnusplit &Split Events by Age", "  - mnublank2",
+        "  mnutrophy &Trophy Wizard", "  - mnublank7", "  mnubackup &Backup", "  mnurestore &Restore",
+        "  - mnublank3", "  mnusettings &System Settings", "  - mnublank5", "  mnuImport &Import Delimited Data",
+        "mnuReports &Reports", "  mnustewards &Line up sheets", "  mnuteachers &Teachers Trophy",
+        "  mnuoverall &Overall Trophies", "  mnuHTML &Generate HTML", "  mnubrogard &Generate Brogard",
+        "mnureg &Registration", "  mnuregistration &Register Competitors",
+        "  mnuonlinereg &Check Online Registrations",
+        "mnuHelp &Help", "  mnuHelpSearchForHelpOn &Search For Help On...", "  - mnublank4",
+        "  mnuHelpAbout &About ",
+    };
+    QCOMPARE(tree, expected);
+}
+
+void TestMainMenu::items_without_a_screen_stay_disabled_until_registered()
+{
+    TestDataFolder env;
+    frmMain main;
+    QVERIFY(main.Menu_Action("mnuSelectCompetition")->isEnabled());
+    QVERIFY(main.Menu_Action("mnuHelpAbout")->isEnabled());
+    QVERIFY(main.Menu_Action("mnuEditCut")->isEnabled());
+    QVERIFY(!main.Menu_Action("mnubrogard")->isEnabled());
+    // A disabled item does nothing, not even the guard.
+    main.Menu_Action("mnubrogard")->trigger();
+    QVERIFY(Dialogs::records().isEmpty());
+    frmMain::Register_Screen("mnubrogard", [] { return new PlainScreen("frmbrogard"); });
+    QVERIFY(main.Menu_Action("mnubrogard")->isEnabled());
+}
+
+void TestMainMenu::guard_on_a_fresh_file_opens_competitions()
+{
+    TestDataFolder env;
+    registerStandIns();
+    ageStamp();
+    frmMain main;
+    main.show();
+    main.Menu_Action("mnuAgeGroup")->trigger();
+    QCOMPARE(Dialogs::records().size(), 1);
+    QCOMPARE(Dialogs::lastRecord().text, QString("You are required to create a new competition first!"));
+    QCOMPARE(Dialogs::lastRecord().title, QString("Select Competition"));
+    QCOMPARE(Dialogs::lastRecord().style, int(vbExclamation));
+    QCOMPARE(openScreens(main), QStringList{"FrmEvents"});
+    // The file is stamped though the screen asked for was not opened.
+    QVERIFY(lastUpdate() > QString("2026"));
+}
+
+void TestMainMenu::guard_with_competitions_opens_the_selection()
+{
+    TestDataFolder env;
+    registerStandIns();
+    {
+        Connection c;
+        c.open();
+        Fixture::Competition(c, "Braemar", "2026");
+    }
+    frmMain main;
+    main.show();
+    main.Menu_Action("mnuAgeGroup")->trigger();
+    QCOMPARE(Dialogs::texts(), QStringList{"You are required to select an existing competition first!"});
+    QCOMPARE(Dialogs::lastRecord().title, QString("Select Competition"));
+    QCOMPARE(openScreens(main), QStringList{"frmSelectCompetition"});
+    // A stale id counts as selected: the screen opens, empty.
+    Dialogs::clearRecords();
+    Current_Competition_Id = 99;
+    main.Menu_Action("mnuAgeGroup")->trigger();
+    QVERIFY(Dialogs::records().isEmpty());
+    QCOMPARE(openScreens(main), QStringList({"frmSelectCompetition", "frmgroups"}));
+}
+
+void TestMainMenu::selected_competition_opens_the_target_and_stamps()
+{
+    TestDataFolder env;
+    registerStandIns();
+    short id = 0;
+    {
+        Connection c;
+        c.open();
+        id = Fixture::Competition(c);
+    }
+    frmMain main;
+    main.show();
+    // Selecting a competition leaves the stamp alone.
+    ageStamp();
+    main.Menu_Action("mnuSelectCompetition")->trigger();
+    QCOMPARE(lastUpdate(), QString("2000-01-01 00:00:00"));
+    auto *select = qobject_cast<frmSelectCompetition *>(main.Open_Screen_Of("mnuSelectCompetition"));
+    QVERIFY(select);
+    QTest::mouseClick(select->LstComp->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      select->LstComp->visualItemRect(select->LstComp->item(0)).center());
+    QCOMPARE(Current_Competition_Id, id);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(openScreens(main).isEmpty());
+
+    main.Menu_Action("mnuAgeGroup")->trigger();
+    QVERIFY(Dialogs::records().isEmpty());
+    QCOMPARE(openScreens(main), QStringList{"frmgroups"});
+    QVERIFY(lastUpdate() > QString("2026"));
+    // An item that needs no competition opens straight away too.
+    ageStamp();
+    main.Menu_Action("mnudances")->trigger();
+    QCOMPARE(openScreens(main), QStringList({"frmgroups", "frmdances"}));
+    QVERIFY(lastUpdate() > QString("2026"));
+}
+
+void TestMainMenu::screens_open_full_size_several_at_once_and_esc_closes()
+{
+    TestDataFolder env;
+    registerStandIns();
+    frmMain main;
+    main.resize(900, 700);
+    main.show();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    QWidget *dances = main.Open_Screen("mnudances");
+    QWidget *events = main.Open_Screen("mnuevents");
+    QVERIFY(dances && events);
+    auto *eventsScreen = static_cast<Screen *>(events);
+    auto *dancesScreen = static_cast<Screen *>(dances);
+    QVERIFY(eventsScreen->conn().isOpen());
+    QVERIFY(dancesScreen->conn().isOpen());
+    QVERIFY(&eventsScreen->conn() != &dancesScreen->conn());
+    QMdiSubWindow *front = main.mdiArea()->activeSubWindow();
+    QCOMPARE(front->widget(), events);
+    QVERIFY(front->isMaximized());
+    // Asking again for an open screen brings it to the front.
+    QCOMPARE(main.Open_Screen("mnudances"), dances);
+    QCOMPARE(main.mdiArea()->subWindowList().size(), 2);
+    QCOMPARE(main.mdiArea()->activeSubWindow()->widget(), dances);
+
+    // Esc closes the screen in front, and only that one.
+    QPointer<QWidget> gone = dances;
+    dances->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(gone.isNull());
+    QCOMPARE(openScreens(main), QStringList{"FrmEvents"});
+    // Esc that reaches the main window closes the screen in front as well.
+    main.mdiArea()->setActiveSubWindow(main.mdiArea()->subWindowList().first());
+    QTest::keyClick(&main, Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(openScreens(main).isEmpty());
+}
+
+void TestMainMenu::selection_list_in_name_order_and_click_selects()
+{
+    TestDataFolder env;
+    {
+        Connection c;
+        c.open();
+        for (const char *v : {"('2024 Cowal','01/08/2024')", "('2026 Braemar','06/09/2026')", "('2025 Cowal','28/08/2025')",
+                              "('2026 Braemar','05/09/2026')", "('aboyne','02/08/2026')", "('Luss',NULL)"})
+            c.execute(QString("INSERT INTO competitions(competition_name, competition_date) VALUES ") + v);
+    }
+    frmSelectCompetition screen;
+    screen.show();
+    QStringList shown;
+    for (int i = 0; i < screen.LstComp->count(); ++i)
+        shown << screen.LstComp->item(i)->text();
+    // Name descending, letters before digits and regardless of case; same name by date.
+    QCOMPARE(shown, QStringList({"Luss ", "aboyne 02/08/2026", "2026 Braemar 05/09/2026", "2026 Braemar 06/09/2026",
+                                 "2025 Cowal 28/08/2025", "2024 Cowal 01/08/2024"}));
+    QCOMPARE(screen.LstComp->item(2)->data(Qt::UserRole).toInt(), 4);
+
+    QTest::mouseClick(screen.LstComp->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      screen.LstComp->visualItemRect(screen.LstComp->item(3)).center());
+    QCOMPARE(Current_Competition_Id, short(2));
+    QCOMPARE(Current_Competition_Name, QString("2026 Braemar"));
+    QCOMPARE(Current_Competition_Date, QString("06/09/2026"));
+    QVERIFY(!screen.isVisible());
+    QVERIFY(!screen.conn().isOpen());
+    QVERIFY(Dialogs::records().isEmpty());
+}
+
+void TestMainMenu::help_and_about()
+{
+    TestDataFolder env;
+    frmMain main;
+    main.show();
+    main.Menu_Action("mnuHelpSearchForHelpOn")->trigger();
+    QCOMPARE(Dialogs::texts(),
+             QStringList{"Unable to display Help Contents. There is no Help associated with this project."});
+    QCOMPARE(Dialogs::lastRecord().style, int(vbInformation));
+
+    main.Menu_Action("mnuHelpAbout")->trigger();
+    QWidget *about = main.findChild<QWidget *>("frmAbout");
+    QVERIFY(about && about->isVisible());
+    const QString version = about->findChild<QLabel *>("lblVersion")->text();
+    QVERIFY2(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$").match(version).hasMatch(), qPrintable(version));
+    QCOMPARE(about->findChild<QLabel *>("lblTitle")->text(), App_Title);
+    about->close();
+}
+
+QTEST_MAIN(TestMainMenu)
+#include "test_main_menu.moc"
