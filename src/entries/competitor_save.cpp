@@ -1,12 +1,9 @@
 #include "competitor_save.h"
 #include "competitor_columns.h"
-#include "row_marks.h"
 #include "core/db.h"
 #include "core/routines.h"
 
 namespace {
-
-const int Fixed_Rows = 1;
 
 QString quoted(const QString &text)
 {
@@ -87,31 +84,4 @@ void Write_Edited_Competitor(Connection &conn, short competitionId, RecordSet &r
         }
     }
     rows.update(rsRow);
-}
-
-QStringList Grid_Row_Cells(const Cell_Reader &cell, int row)
-{
-    QStringList cells;
-    cells.reserve(Competitor_Col::Count);
-    for (int col = 0; col < Competitor_Col::Count; ++col)
-        cells << cell(row, col);
-    return cells;
-}
-
-void Save_Competitor_Grid(Connection &conn, short competitionId, RecordSet &rows, Row_Marks &marks,
-                          int lastGridRow, const Cell_Reader &cell, int &workRow)
-{
-    Transaction t(conn);
-    for (int row = rows.rowCount() + Fixed_Rows; row <= lastGridRow; ++row) {
-        workRow = row;
-        Insert_New_Competitor(conn, competitionId, Grid_Row_Cells(cell, row));
-    }
-    for (int p = 0; p < rows.rowCount(); ++p) {
-        const int row = p + Fixed_Rows;
-        if (!marks.isSet(row))
-            continue;
-        workRow = row;
-        marks.clear(row);
-        Write_Edited_Competitor(conn, competitionId, rows, p, Grid_Row_Cells(cell, row));
-    }
 }

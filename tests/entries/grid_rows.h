@@ -1,46 +1,71 @@
 #pragma once
 #include "entries/competitor_columns.h"
-#include "core/db.h"
-#include "entries/competitor_save.h"
+#include "entries/competitor_rules.h"
 
-#include <QList>
+#include "core/db.h"
+#include "ui/grid/grid_cells.h"
+
 #include <QStringList>
 
-// A stand-in for the grid's cells: row 0 the captions, then one row per
-// saved competitor as the screen fills it, then any new rows.
+// The competitors grid without its widgets: the rules, the row set opened on
+// their statement and the cells as the screen fills them (row 0 the
+// captions), saved through the editor's own save sequence.
 struct Grid_Rows
 {
-    QList<QStringList> cells;
+    Connection &conn;
+    Competitor_Rules rules;
+    RecordSet rs;
+    Grid_Cells cells;
+    int added = 0;
 
-    // Stored values as the grid shows them: NULL empty, 12, 87.5.
-    static QString shown(const QVariant &v)
+    Grid_Rows(Connection &c, short comp) : conn(c), rules(comp) {}
+
+    void open()
     {
-        if (v.isNull())
-            return QString();
-        return v.typeId() == QMetaType::Double ? QString::number(v.toDouble(), 'g', 15) : v.toString();
-    }
-    void fill(const RecordSet &rows)
-    {
-        cells = {Competitor_Captions()};
-        for (int r = 0; r < rows.rowCount(); ++r) {
+        rs.open(conn, rules.table, rules.Select_Sql());
+        cells = Grid_Cells(0, Competitor_Col::Count);
+        cells.appendRow(Competitor_Captions());
+        for (int r = 0; r < rs.rowCount(); ++r) {
             QStringList row;
-            for (int f = 0; f < rows.fieldCount(); ++f)
-                row << shown(rows.value(r, f));
-            cells << row;
+            for (int f = 0; f < rs.fieldCount(); ++f)
+                row << rules.Display_Text(f, rs.value(r, f));
+            cells.appendRow(row);
         }
+        added = 0;
     }
-    QStringList &addRow(short comp)
+    // Steps of a save, then the refresh.
+    Grid_Save_Result save()
+    {
+        const Grid_Save_Result result = Run_Grid_Save(rules, conn, rs, cells, added);
+        if (!result.failed)
+            open();
+        return result;
+    }
+    int addRow()
     {
         QStringList row;
         for (int c = 0; c < Competitor_Col::Count; ++c)
             row << QString();
-        row[0] = QString::number(comp);
-        cells << row;
-        return cells.last();
+        row[0] = rules.New_Row_Filler();
+        cells.appendRow(row);
+        ++added;
+        return cells.rows() - 1;
     }
-    int lastRow() const { return cells.size() - 1; }
-    Cell_Reader reader() const
+    void set(int row, int col, const QString &text) { cells.setText(row, col, text); }
+    QString text(int row, int col) const { return cells.text(row, col); }
+    // The grid row of a dancer; -1 when not shown.
+    int rowOf(int number) const
     {
-        return [this](int row, int col) { return cells.at(row).at(col); };
+        for (int r = 1; r < cells.rows(); ++r)
+            if (cells.text(r, Competitor_Col::Number) == QString::number(number))
+                return r;
+        return -1;
+    }
+    // An edit committed from the editor: the cell changes and the row is marked.
+    void edit(int number, int col, const QString &text)
+    {
+        const int r = rowOf(number);
+        cells.setText(r, col, text);
+        rules.Row_Changed(r);
     }
 };

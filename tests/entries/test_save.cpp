@@ -9,6 +9,7 @@
 #include "support/test_env.h"
 
 #include <QtTest>
+#include <memory>
 
 using namespace Competitor_Col;
 
@@ -34,35 +35,11 @@ private:
     {
         Connection conn;
         short comp = 0;
-        RecordSet rows;
-        Row_Marks marks;
-        Grid_Rows grid;
+        std::unique_ptr<Grid_Rows> grid;
 
-        void open()
-        {
-            rows.open(conn, "competitors", Row_Set_Statement(Competitor_Statement(comp) + " ORDER BY 2 DESC"));
-            grid.fill(rows);
-        }
-        void save()
-        {
-            int work = 0;
-            Save_Competitor_Grid(conn, comp, rows, marks, grid.lastRow(), grid.reader(), work);
-            open();
-        }
-        // The grid row of a dancer.
-        int rowOf(int number) const
-        {
-            for (int r = 1; r < grid.cells.size(); ++r)
-                if (grid.cells[r][Number] == QString::number(number))
-                    return r;
-            return -1;
-        }
-        void edit(int number, int col, const QString &text)
-        {
-            const int r = rowOf(number);
-            grid.cells[r][col] = text;
-            marks.set(r);
-        }
+        void open() { grid->open(); }
+        Grid_Save_Result save() { return grid->save(); }
+        void edit(int number, int col, const QString &text) { grid->edit(number, col, text); }
         QStringList events(int number)
         {
             QStringList out;
@@ -87,6 +64,7 @@ private:
         Fixture::Event(s.conn, s.comp, "A1", "Under 8", "H");
         Fixture::Event(s.conn, s.comp, "B2", "Under 10", "H");
         Fixture::Event(s.conn, s.comp, "C3", "Open", "C");
+        s.grid = std::make_unique<Grid_Rows>(s.conn, s.comp);
     }
 };
 
@@ -182,25 +160,27 @@ void TestSave::new_rows_keep_case_and_quote_by_column()
     Screen s;
     setUp(s);
     s.open();
-    QStringList &r = s.grid.addRow(s.comp);
-    r[Number] = "7";
-    r[Forename] = "Mhairi";
-    r[Surname] = "O'Brien";
-    r[5] = "1 Burns' Rd";
-    r[7] = "Oban";
-    r[Postcode] = "pa34";
-    r[Fee] = "12.5";
-    r[Date_Received] = "1 may";
-    r[11] = "mrs grant";
-    r[Notes] = "late entry";
-    r[Custom1] = "ab";
-    r[First_Event] = "a1";
-    r[First_Event + 2] = "c3";
-    QStringList &r2 = s.grid.addRow(s.comp);
-    r2[Number] = "8";
-    r2[Forename] = "Iain";
-    r2[Surname] = "Ross";
-    s.save();
+    Grid_Rows &g = *s.grid;
+    const int r = g.addRow();
+    auto put = [&](int row, int col, const char *text) { g.set(row, col, text); };
+    put(r, Number, "7");
+    put(r, Forename, "Mhairi");
+    put(r, Surname, "O'Brien");
+    put(r, 5, "1 Burns' Rd");
+    put(r, 7, "Oban");
+    put(r, Postcode, "pa34");
+    put(r, Fee, "12.5");
+    put(r, Date_Received, "1 may");
+    put(r, 11, "mrs grant");
+    put(r, Notes, "late entry");
+    put(r, Custom1, "ab");
+    put(r, First_Event, "a1");
+    put(r, First_Event + 2, "c3");
+    const int r2 = g.addRow();
+    put(r2, Number, "8");
+    put(r2, Forename, "Iain");
+    put(r2, Surname, "Ross");
+    QVERIFY(!s.save().failed);
 
     QCOMPARE(s.field(7, "forename").toString(), QString("Mhairi"));
     QCOMPARE(s.field(7, "surname").toString(), QString("O'Brien"));
@@ -221,8 +201,8 @@ void TestSave::new_rows_keep_case_and_quote_by_column()
     QVERIFY(!s.field(8, "town").isNull());
     QVERIFY(s.events(8).isEmpty());
     // After the refresh the highest number stands first.
-    QCOMPARE(s.grid.cells[1][Number], QString("8"));
-    QCOMPARE(s.grid.cells[2][Fee], QString("12.5"));
+    QCOMPARE(g.text(1, Number), QString("8"));
+    QCOMPARE(g.text(2, Fee), QString("12.5"));
 }
 
 void TestSave::new_row_with_apostrophe_in_teacher_fails()
@@ -231,15 +211,19 @@ void TestSave::new_row_with_apostrophe_in_teacher_fails()
     Screen s;
     setUp(s);
     s.open();
-    QStringList &r = s.grid.addRow(s.comp);
-    r[Number] = "9";
-    r[Forename] = "Ann";
-    r[Surname] = "Bell";
-    r[11] = "Mrs O'Neil";
-    int work = 0;
-    QVERIFY_THROWS_EXCEPTION(DbError, Save_Competitor_Grid(s.conn, s.comp, s.rows, s.marks, s.grid.lastRow(),
-                                                          s.grid.reader(), work));
-    QCOMPARE(work, 1);
+    const int r = s.grid->addRow();
+    s.grid->set(r, Number, "9");
+    s.grid->set(r, Forename, "Ann");
+    s.grid->set(r, Surname, "Bell");
+    s.grid->set(r, 11, "Mrs O'Neil");
+    const Grid_Save_Result result = s.save();
+    QVERIFY(result.failed);
+    QCOMPARE(result.row, r);
+    QCOMPARE(result.failureText,
+             QString("There was an error updating Competitor Number: 9\n"
+                     "Please ensure that the Number, Forename and Surname are entered and that 'Number Field' is unique!'\n"
+                     "Please fix this record and save again, otherwise you may loose some data!\n"
+                     "If problems persist, try deleting this record or closing this window!"));
     QCOMPARE(Fixture::Count(s.conn, "competitors"), 0);
 }
 
@@ -267,7 +251,7 @@ void TestSave::edited_row_upper_cases_and_nulls_empty_cells()
     QCOMPARE(s.field(5, "custom1").toString(), QString("gold"));
     QCOMPARE(s.field(5, "teacher").toString(), QString("MRS O'NEIL"));
     QCOMPARE(s.events(5), QStringList({"A1"}));
-    QVERIFY(!s.marks.isSet(1));   // cleared as written
+    QVERIFY(!s.grid->rules.marks().isSet(1));   // cleared as written
 }
 
 void TestSave::field4_of_edited_row_becomes_an_event()
@@ -285,12 +269,12 @@ void TestSave::field4_of_edited_row_becomes_an_event()
     // Events of an edited row are written as typed, Field4 among them.
     QCOMPARE(s.events(5), QStringList({"vip", "A1", "b2"}));
     // A new row reads its events from GRP1 on only.
-    QStringList &r = s.grid.addRow(s.comp);
-    r[Number] = "6";
-    r[Forename] = "Ann";
-    r[Surname] = "Bell";
-    r[Custom4] = "vip";
-    r[First_Event] = "a1";
+    const int r = s.grid->addRow();
+    s.grid->set(r, Number, "6");
+    s.grid->set(r, Forename, "Ann");
+    s.grid->set(r, Surname, "Bell");
+    s.grid->set(r, Custom4, "vip");
+    s.grid->set(r, First_Event, "a1");
     s.save();
     QCOMPARE(s.events(6), QStringList({"A1"}));
 }
@@ -335,10 +319,10 @@ void TestSave::only_marked_rows_are_written()
     Fixture::Competitor(s.conn, s.comp, 2, "Beth", "Cox", {"A1"});
     s.open();
     // Ctrl+X empties a cell without a mark: it shows until the refresh after a save.
-    s.grid.cells[s.rowOf(1)][Surname] = "";
+    s.grid->set(s.grid->rowOf(1), Surname, "");
     s.edit(2, Notes, "seen");
     s.save();
-    QCOMPARE(s.grid.cells[s.rowOf(1)][Surname], QString("Bain"));
+    QCOMPARE(s.grid->text(s.grid->rowOf(1), Surname), QString("Bain"));
     QCOMPARE(s.field(1, "surname").toString(), QString("Bain"));   // untouched, case kept
     QCOMPARE(s.field(2, "notes").toString(), QString("seen"));
     QCOMPARE(s.field(2, "surname").toString(), QString("COX"));
@@ -363,15 +347,15 @@ void TestSave::fault_keeps_rows_written_before_it()
     Fixture::Competitor(s.conn, s.comp, 1, "Amy", "Bain", {"A1"});
     Fixture::Competitor(s.conn, s.comp, 2, "Beth", "Cox", {"A1"});
     s.open();
-    QStringList &r = s.grid.addRow(s.comp);
-    r[Number] = "3";
-    r[Forename] = "Cara";
-    r[Surname] = "Dunn";
+    const int r = s.grid->addRow();
+    s.grid->set(r, Number, "3");
+    s.grid->set(r, Forename, "Cara");
+    s.grid->set(r, Surname, "Dunn");
     s.edit(2, Number, "1");   // a number already taken: the store refuses it
-    int work = 0;
-    QVERIFY_THROWS_EXCEPTION(DbError, Save_Competitor_Grid(s.conn, s.comp, s.rows, s.marks, s.grid.lastRow(),
-                                                          s.grid.reader(), work));
-    QCOMPARE(s.grid.cells[work][Number], QString("1"));
+    const Grid_Save_Result result = s.save();
+    QVERIFY(result.failed);
+    QCOMPARE(s.grid->text(result.row, Number), QString("1"));
+    QVERIFY(result.failureText.startsWith("There was an error updating Competitor Number: 1\n"));
     QVERIFY(!s.conn.inTransaction());
     QCOMPARE(s.field(3, "forename").toString(), QString("Cara"));   // the new row stays
     QCOMPARE(s.field(2, "forename").toString(), QString("Beth"));

@@ -1,7 +1,6 @@
 #include "grid_rows.h"
 #include "entries/competitor_delete.h"
 #include "entries/competitor_search.h"
-#include "entries/row_marks.h"
 
 #include "core/db.h"
 #include "core/errors.h"
@@ -177,21 +176,18 @@ void TestSearch::search_rows_save_through_their_alias()
     const QString statement = Search_Statement(comp, s);
     QCOMPARE(Competitors_Alias(statement), QString("c"));
     QCOMPARE(Competitors_Alias(Competitor_Statement(comp)), QString("competitors"));
-    RecordSet rows;
-    rows.open(conn, "competitors", Row_Set_Statement(statement));
-    Grid_Rows grid;
-    grid.fill(rows);
-    Row_Marks marks;
-    grid.cells[2][5] = "2 High St";   // dancer 3, second row of the search
-    marks.set(2);
-    int work = 0;
-    Save_Competitor_Grid(conn, comp, rows, marks, grid.lastRow(), grid.reader(), work);
+    Grid_Rows grid(conn, comp);
+    grid.rules.setStatement(statement);
+    grid.open();
+    QCOMPARE(grid.rowOf(3), 2);   // dancer 3, second row of the search
+    grid.edit(3, 5, "2 High St");
+    QVERIFY(!grid.save().failed);
     QCOMPARE(conn.scalar("SELECT address1 FROM competitors WHERE competition_id = ? AND competitor_id = 3", {comp}).toString(),
              QString("2 HIGH ST"));
     QCOMPARE(Fixture::Count(conn, "competitors", "address1 IS NOT NULL"), 1);
-    // The refresh keeps the search.
-    rows.requery();
-    QCOMPARE(rows.rowCount(), 3);
+    // The refresh after the save keeps the search.
+    QCOMPARE(grid.rs.rowCount(), 3);
+    QCOMPARE(grid.text(1, Number), QString("2"));
 }
 
 void TestSearch::number_with_event_is_refused_by_the_store()
