@@ -52,10 +52,9 @@ QPushButton *Make_Button(QWidget *parent, const char *name, const QString &capti
 
 } // namespace
 
-frmCategories::frmCategories(QWidget *parent) : QWidget(parent)
+frmCategories::frmCategories(QWidget *parent)
+    : Screen(QStringLiteral("frmCategories"), App_Title + QStringLiteral(" - Dance Categories"), parent)
 {
-    setObjectName(QStringLiteral("frmCategories"));
-    setWindowTitle(App_Title + QStringLiteral(" - Dance Categories"));
     Build_Controls();
 
     List1->setEnabled(false);
@@ -64,19 +63,11 @@ frmCategories::frmCategories(QWidget *parent) : QWidget(parent)
     CmdEdit->setEnabled(false);
     CmdNew->setEnabled(true);
     setWindowState(windowState() | Qt::WindowMaximized);
-    try {
-        m_conn.open();
+    if (Open_Connection())
         Read_Categories();
-    } catch (const AppError &) {
-        m_conn.close();
-        Msg_Box(QStringLiteral("Unable to open database ") + Data_Dir + DB_FILE);
-    }
 }
 
-frmCategories::~frmCategories()
-{
-    m_conn.close();
-}
+frmCategories::~frmCategories() = default;
 
 void frmCategories::Build_Controls()
 {
@@ -169,7 +160,7 @@ void frmCategories::Read_Categories()
     const QSignalBlocker quiet(LstSections);
     LstSections->clear();
     m_codes.clear();
-    for (const Category_Item &c : ::Read_Categories(m_conn, Current_Competition_Id)) {
+    for (const Category_Item &c : ::Read_Categories(conn(), Current_Competition_Id)) {
         LstSections->addItem(c.name);
         m_codes << c.code;
     }
@@ -193,8 +184,8 @@ void frmCategories::Read_Dance_Lists()
 {
     List1->clear();
     List2->clear();
-    Fill(List1, Read_Available_Dances(m_conn, Current_Competition_Id, m_code));
-    Fill(List2, Read_Selected_Dances(m_conn, Current_Competition_Id, m_code));
+    Fill(List1, Read_Available_Dances(conn(), Current_Competition_Id, m_code));
+    Fill(List2, Read_Selected_Dances(conn(), Current_Competition_Id, m_code));
 }
 
 void frmCategories::Enable_Lists(bool on)
@@ -210,7 +201,7 @@ void frmCategories::List1_DblClick()
     QListWidgetItem *item = List1->currentItem();
     if (!item)
         return;
-    Add_Category_Dance(m_conn, Current_Competition_Id, m_code, item->data(Qt::UserRole).toInt(), List2->count());
+    Add_Category_Dance(conn(), Current_Competition_Id, m_code, item->data(Qt::UserRole).toInt(), List2->count());
     List2->addItem(List1->takeItem(List1->row(item)));
 }
 
@@ -219,7 +210,7 @@ void frmCategories::List2_DblClick()
     QListWidgetItem *item = List2->currentItem();
     if (!item)
         return;
-    Remove_Category_Dance(m_conn, Current_Competition_Id, m_code, item->data(Qt::UserRole).toInt());
+    Remove_Category_Dance(conn(), Current_Competition_Id, m_code, item->data(Qt::UserRole).toInt());
     List1->addItem(List2->takeItem(List2->row(item)));
 }
 
@@ -248,7 +239,7 @@ void frmCategories::cmd_up_Click()
     try {
         QList<Dance_Item> items = Items_Of(List2);
         const int i = List2->currentRow();
-        const int to = Move_Dance_Up(m_conn, Current_Competition_Id, m_code, items, i);
+        const int to = Move_Dance_Up(conn(), Current_Competition_Id, m_code, items, i);
         Show_Items(List2, items);
         if (to != i)
             List2->setCurrentRow(to);
@@ -262,7 +253,7 @@ void frmCategories::cmd_down_Click()
     try {
         QList<Dance_Item> items = Items_Of(List2);
         const int i = List2->currentRow();
-        const int to = Move_Dance_Down(m_conn, Current_Competition_Id, m_code, items, i);
+        const int to = Move_Dance_Down(conn(), Current_Competition_Id, m_code, items, i);
         Show_Items(List2, items);
         if (to != i)
             List2->setCurrentRow(to);
@@ -316,9 +307,9 @@ void frmCategories::CmdSave_Click()
     }
     try {
         if (m_mode == 1)
-            Insert_Category(m_conn, Current_Competition_Id, code, name);
+            Insert_Category(conn(), Current_Competition_Id, code, name);
         else if (m_mode == 2)
-            Update_Category(m_conn, Current_Competition_Id, code, name, m_oldCode);
+            Update_Category(conn(), Current_Competition_Id, code, name, m_oldCode);
         Read_Categories();
         FrmEdit->hide();
         Select_Found(name);
@@ -337,7 +328,7 @@ void frmCategories::cmdDel_Click()
     if (Msg_Box(QStringLiteral("Are you sure you want to delete this category?"), vbYesNo | vbQuestion,
                 QStringLiteral("Deletion Confirmation"))
         == vbYes)
-        Delete_Category(m_conn, Current_Competition_Id, m_code);
+        Delete_Category(conn(), Current_Competition_Id, m_code);
     List1->clear();
     List2->clear();
     Read_Categories();

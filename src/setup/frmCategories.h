@@ -1,8 +1,6 @@
 #pragma once
 #include "category_logic.h"
-#include "core/db.h"
-
-#include <QWidget>
+#include "ui/screen.h"
 
 class QGroupBox;
 class QLineEdit;
@@ -11,7 +9,7 @@ class QPushButton;
 
 // The dance categories of the current competition and the ordered dances of
 // each. "C" and "H" are shown but cannot be changed here.
-class frmCategories : public QWidget
+class frmCategories : public Screen
 {
     Q_OBJECT
 public:
@@ -38,7 +36,6 @@ private:
     void cmdDel_Click();
     void Select_Found(const QString &name);
 
-    Connection m_conn;
     QStringList m_codes;      // category codes by list position
     QString m_code;           // the chosen category
     QString m_oldCode;        // the code before an edit
