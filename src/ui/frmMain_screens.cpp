@@ -3,9 +3,13 @@
 #include "frmSelectCompetition.h"
 
 #include <QDialog>
+#include <QEvent>
+#include <QIcon>
+#include <QPixmap>
 #include <QList>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTimer>
 
 namespace {
 
@@ -20,6 +24,33 @@ QList<frmMain *> &liveWindows()
     static QList<frmMain *> windows;
     return windows;
 }
+
+// A screen that closes itself takes its frame with it.
+class Frame_Closer : public QObject
+{
+public:
+    Frame_Closer(QMdiSubWindow *frame, QWidget *screen) : QObject(frame), m_frame(frame), m_screen(screen)
+    {
+        screen->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched == m_screen && event->type() == QEvent::Close) {
+            // Whether the screen agreed to close is known only after it has handled the event.
+            QTimer::singleShot(0, this, [this] {
+                if (m_frame && m_screen && m_screen->isHidden() && !m_frame->isHidden())
+                    m_frame->close();
+            });
+        }
+        return false;
+    }
+
+private:
+    QPointer<QMdiSubWindow> m_frame;
+    QPointer<QWidget> m_screen;
+};
 
 // The screens of this folder register themselves.
 void Register_Own_Screens()
@@ -83,6 +114,10 @@ QWidget *frmMain::Open_Screen(const QString &item)
     QMdiSubWindow *frame = m_mdi->addSubWindow(screen);
     frame->setAttribute(Qt::WA_DeleteOnClose);
     frame->setWindowTitle(screen->windowTitle());
+    QPixmap blank(16, 16);
+    blank.fill(Qt::transparent);
+    frame->setWindowIcon(QIcon(blank));
+    new Frame_Closer(frame, screen);
     m_open.insert(item, frame);
     frame->showMaximized();
     screen->setFocus();

@@ -39,13 +39,25 @@ void Screen::Unload()
 
 void Screen::closeEvent(QCloseEvent *event)
 {
+    // Closed already (the frame follows a screen that closed itself).
+    if (m_unloaded) {
+        event->accept();
+        return;
+    }
     if (!Query_Unload()) {
         event->ignore();
         return;
     }
+    m_unloaded = true;
     Form_Unload();
     m_conn.close();
     event->accept();
+}
+
+void Screen::showEvent(QShowEvent *event)
+{
+    m_unloaded = false;
+    QWidget::showEvent(event);
 }
 
 void Screen::keyPressEvent(QKeyEvent *event)

@@ -29,8 +29,10 @@ protected:
     virtual void Form_Unload() {}
 
     void closeEvent(QCloseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     Connection m_conn;
+    bool m_unloaded = false;
 };

@@ -231,6 +231,14 @@ void TestMainMenu::screens_open_full_size_several_at_once_and_esc_closes()
     QTest::keyClick(&main, Qt::Key_Escape);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(openScreens(main).isEmpty());
+
+    // A screen that closes itself takes its frame along, and unloads once.
+    auto *again = static_cast<Screen *>(main.Open_Screen("mnuevents"));
+    again->close();
+    QVERIFY(!again->conn().isOpen());
+    QTest::qWait(10);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(main.mdiArea()->subWindowList().isEmpty());
 }
 
 void TestMainMenu::selection_list_in_name_order_and_click_selects()

@@ -41,6 +41,8 @@ GridScreen::GridScreen(const QString &formName, const QString &caption, std::uni
     txtEdit = new QLineEdit(this);
     txtEdit->setObjectName(QStringLiteral("txtEdit"));
     txtEdit->setFrame(false);
+    // A thin border tells the operator the cell is being edited.
+    txtEdit->setStyleSheet(QStringLiteral("QLineEdit#txtEdit { border: 1px solid palette(highlight); padding: 0 1px; }"));
     txtEdit->hide();
 
     MSFlexGrid1->installEventFilter(this);
