@@ -66,3 +66,42 @@ public:
         Load_Grid();
     }
 };
+
+// The same table under two caption rows, with defaults in new rows, and a
+// check before the save that refuses two equal dates.
+class TwoRowRules : public SampleRules
+{
+public:
+    TwoRowRules()
+    {
+        fixedRows = 2;
+        texts.hintLine = QStringLiteral("Please ensure that the dates are unique!'");
+        texts.hintJoined = false;
+        texts.fixLine = QStringLiteral("Please fix this record and save again, otherwise you may lose some data!");
+    }
+    QList<QStringList> Captions(bool) const override
+    {
+        return {{QString(), QStringLiteral("Competition"), QStringLiteral("Date"), QStringLiteral("Run")},
+                {QString(), QStringLiteral("Name"), QString(), QStringLiteral("By")}};
+    }
+    QList<QPair<int, QString>> First_Row_Defaults() const override { return {{3, QStringLiteral("SOBHD")}}; }
+    QList<QPair<int, QString>> New_Row_Defaults() const override { return {{2, QStringLiteral("TBC")}, {3, QStringLiteral("SOBHD")}}; }
+    std::optional<Cell_Refusal> Pre_Save_Check(const Grid_Cells &cells) override
+    {
+        QStringList dates;
+        for (int r = fixedRows; r < cells.rows(); ++r)
+            dates << cells.text(r, 2);
+        if (dates.removeDuplicates() > 0)
+            return Cell_Refusal{QStringLiteral("Duplicate date!")};
+        return std::nullopt;
+    }
+};
+
+class frmTwoRows : public GridScreen
+{
+public:
+    frmTwoRows() : GridScreen(QStringLiteral("frmTwoRows"), QStringLiteral("Two rows"), std::make_unique<TwoRowRules>())
+    {
+        Load_Grid();
+    }
+};

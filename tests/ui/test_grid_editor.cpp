@@ -37,6 +37,7 @@ private slots:
     void delete_with_an_unsaved_row_keeps_the_record();
     void deleting_the_only_row_leaves_captions_and_no_question();
     void closing_asks_only_when_dirty();
+    void two_caption_rows_keep_rows_and_records_in_step();
 
 private:
     void open(int competitions);
@@ -567,6 +568,58 @@ void TestGridEditor::closing_asks_only_when_dirty()
     QCOMPARE(stored(1, "competition_name"), QString("Comp 1"));
     QVERIFY(!m_screen->conn().isOpen());
     m_screen.reset();
+}
+
+void TestGridEditor::two_caption_rows_keep_rows_and_records_in_step()
+{
+    {
+        Connection c;
+        c.open();
+        c.execute("INSERT INTO competitions(competition_name, competition_date) VALUES ('Only','d1')");
+    }
+    frmTwoRows screen;
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    QCOMPARE(screen.Row_Cells(1), QStringList({"", "Name", "", "By"}));
+    // The default of the first data row gives way to the stored value, NULL included.
+    QCOMPARE(screen.Row_Cells(2), QStringList({"1", "Only", "d1", ""}));
+    screen.MSFlexGrid1->setFocus();
+    screen.Go_To(2, 1);
+    QTest::keyClick(screen.MSFlexGrid1, Qt::Key_Up);
+    QCOMPARE(screen.Current_Row(), 2);
+    QTest::keyClick(screen.MSFlexGrid1, Qt::Key_Return);  // the last row: a new one
+    QCOMPARE(screen.Row_Cells(3), QStringList({"0", "", "TBC", "SOBHD"}));
+    QTest::keyClicks(QApplication::focusWidget(), "Second");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCoreApplication::processEvents();
+
+    // Equal dates: nothing is saved, and the result is still true.
+    screen.Set_Cell(3, 2, "d1");
+    QVERIFY(screen.Save_Changes());
+    QCOMPARE(Dialogs::texts(), QStringList{"Duplicate date!"});
+    QVERIFY(screen.Dirty());
+    Connection c;
+    c.open();
+    QCOMPARE(Fixture::Count(c, "competitions"), 1);
+
+    // A failure names the row and puts the hint on its own line.
+    screen.Set_Cell(3, 2, "d'2");
+    QVERIFY(!screen.Save_Changes());
+    QCOMPARE(Dialogs::lastRecord().text,
+             QString("There was an error updating record: Second\n"
+                     "Please ensure that the dates are unique!'\n"
+                     "Please fix this record and save again, otherwise you may lose some data!\n"
+                     "If problems persist, try deleting this record or closing this window!"));
+    QCOMPARE(screen.Current_Row(), 3);
+
+    screen.Set_Cell(3, 2, "d2");
+    screen.Set_Cell(2, 3, "Org");
+    QVERIFY(screen.Save_Changes());
+    QCOMPARE(Fixture::Count(c, "competitions", "competition_name = 'Second' AND competition_date = 'd2'"), 1);
+    QCOMPARE(Fixture::Count(c, "competitions", "competition_name = 'Only' AND competition_organiser = 'Org'"), 1);
+    QCOMPARE(screen.Row_Count(), 4);
+    QCOMPARE(screen.Cell(3, 0), QString("2"));
+    screen.Set_Dirty(false);
 }
 
 QTEST_MAIN(TestGridEditor)
