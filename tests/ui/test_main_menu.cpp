@@ -1,5 +1,6 @@
 // The main window's menu, the competition guard, screens under the menu and
 // the competition selection.
+#include "sample_grid.h"
 #include "support/fixtures.h"
 #include "support/test_env.h"
 #include "core/db.h"
@@ -8,11 +9,13 @@
 #include "ui/competition_list.h"
 #include "ui/frmMain.h"
 #include "ui/frmSelectCompetition.h"
+#include "ui/grid/flex_grid.h"
 #include "ui/screen.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -72,6 +75,7 @@ private slots:
     void screens_open_full_size_several_at_once_and_esc_closes();
     void selection_list_in_name_order_and_click_selects();
     void help_and_about();
+    void grid_screen_under_the_menu_keeps_its_editor_on_a_refused_click();
 };
 
 void TestMainMenu::menu_tree_in_order()
@@ -288,6 +292,43 @@ void TestMainMenu::help_and_about()
     QVERIFY2(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$").match(version).hasMatch(), qPrintable(version));
     QCOMPARE(about->findChild<QLabel *>("lblTitle")->text(), App_Title);
     about->close();
+}
+
+void TestMainMenu::grid_screen_under_the_menu_keeps_its_editor_on_a_refused_click()
+{
+    TestDataFolder env;
+    {
+        Connection c;
+        c.open();
+        Fixture::Competition(c, "One", "d1");
+        Fixture::Competition(c, "Two", "d2");
+    }
+    frmMain::Register_Screen("mnuevents", [] { return new frmSample; });
+    frmMain main;
+    main.resize(900, 700);
+    main.show();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    auto *grid = static_cast<GridScreen *>(main.Open_Screen("mnuevents"));
+    QCoreApplication::processEvents();
+    grid->MSFlexGrid1->setFocus();
+    grid->Go_To(1, 1);
+    QTest::keyClick(grid->MSFlexGrid1, Qt::Key_Delete);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(grid->txtEdit));
+    const QPoint two = grid->MSFlexGrid1->visualRect(grid->MSFlexGrid1->model()->index(2, 2)).center();
+    QTest::mouseClick(grid->MSFlexGrid1->viewport(), Qt::LeftButton, Qt::NoModifier, two);
+    QCoreApplication::processEvents();
+    QCOMPARE(Dialogs::lastRecord().text, QString("Name and date are required!"));
+    QVERIFY(grid->Editor_Open());
+    QCOMPARE(grid->Current_Row(), 1);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(grid->txtEdit));
+    QTest::keyClick(grid->txtEdit, Qt::Key_Z);
+    QTest::mouseClick(grid->MSFlexGrid1->viewport(), Qt::LeftButton, Qt::NoModifier, two);
+    QCoreApplication::processEvents();
+    QVERIFY(!grid->Editor_Open());
+    QCOMPARE(grid->Cell(1, 1), QString("z"));
+    QCOMPARE(grid->Current_Row(), 2);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(grid->MSFlexGrid1));
+    grid->Set_Dirty(false);
 }
 
 QTEST_MAIN(TestMainMenu)
