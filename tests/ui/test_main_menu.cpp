@@ -76,6 +76,7 @@ private slots:
     void selection_list_in_name_order_and_click_selects();
     void help_and_about();
     void grid_screen_under_the_menu_keeps_its_editor_on_a_refused_click();
+    void a_screen_whose_save_fails_keeps_the_program_running();
 };
 
 void TestMainMenu::menu_tree_in_order()
@@ -329,6 +330,34 @@ void TestMainMenu::grid_screen_under_the_menu_keeps_its_editor_on_a_refused_clic
     QCOMPARE(grid->Current_Row(), 2);
     QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(grid->MSFlexGrid1));
     grid->Set_Dirty(false);
+}
+
+void TestMainMenu::a_screen_whose_save_fails_keeps_the_program_running()
+{
+    TestDataFolder env;
+    frmMain::Register_Screen("mnuevents", [] { return new frmSample; });
+    frmMain main;
+    main.show();
+    auto *grid = static_cast<GridScreen *>(main.Open_Screen("mnuevents"));
+    // A new competition whose quote breaks its INSERT.
+    grid->Set_Cell(1, 1, "O'Hara");
+    grid->Set_Cell(1, 2, "d1");
+    grid->Set_Dirty(true);
+    Dialogs::queueAnswer(vbYes);
+    QVERIFY(!main.close());
+    QVERIFY(main.isVisible());
+    QCOMPARE(main.mdiArea()->subWindowList().size(), 1);
+    QCOMPARE(Dialogs::texts().first(), QString("Do you want to save your changes? "));
+    QVERIFY(!Dialogs::texts().contains("Database compacted and backed up!"));
+
+    // Answered No, the screen goes unsaved and the run ends as usual.
+    Dialogs::clearRecords();
+    Dialogs::queueAnswer(vbNo);
+    QVERIFY(main.close());
+    QCOMPARE(Dialogs::texts(), QStringList({"Do you want to save your changes? ", "Database compacted and backed up!"}));
+    Connection c;
+    c.open();
+    QCOMPARE(Fixture::Count(c, "competitions"), 0);
 }
 
 QTEST_MAIN(TestMainMenu)
