@@ -1,12 +1,15 @@
 #include "frmCompetitors.h"
+#include "competitor_columns.h"
 #include "event_lists.h"
 
 #include "core/dialogs.h"
 #include "core/errors.h"
 #include "core/globals.h"
+#include "ui/geometry_store.h"
 #include "ui/grid/flex_grid.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -33,7 +36,27 @@ frmCompetitors::frmCompetitors(QWidget *parent)
     setWindowState(windowState() | Qt::WindowMaximized);
     if (Load_Grid())
         Read_Event_List();
+    Widen_Narrow_Columns();
     FrameAG->hide();
+}
+
+void frmCompetitors::Widen_Narrow_Columns()
+{
+    // The narrow widths were drawn for a smaller type than this one: a
+    // column is widened where its caption, or a whole competitor number,
+    // would otherwise be cut.
+    QFont bold = MSFlexGrid1->font();
+    bold.setBold(true);
+    const QFontMetrics captions(bold);
+    const QFontMetrics cells(MSFlexGrid1->font());
+    const QList<int> &widths = Competitor_Widths();
+    const QStringList &texts = Competitor_Captions();
+    for (int col = 1; col < widths.size(); ++col) {
+        int needed = captions.horizontalAdvance(texts.at(col)) + 12;
+        if (col == Competitor_Col::Number)
+            needed = qMax(needed, cells.horizontalAdvance(QStringLiteral("32767")) + 12);
+        MSFlexGrid1->Set_Col_Width(col, qMax(widths.at(col), Pixels_To_Twips(needed)));
+    }
 }
 
 void frmCompetitors::Build_Event_Frame()

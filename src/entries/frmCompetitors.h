@@ -62,6 +62,7 @@ private:
     void Build_Event_Frame();
     void Build_Search_Frame();
     void Place_Frames();
+    void Widen_Narrow_Columns();
     void Read_Event_List();
     void Fill_Combo1();
     void Reset_Search();

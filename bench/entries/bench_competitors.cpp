@@ -1,0 +1,194 @@
+// The competitors screen with 1500 dancers: opening it (query and grid fill)
+// and saving after one edited row, beside the bare query of the same rows.
+// Usage: bench_competitors [--shot file.png]
+#include "entries/competitor_columns.h"
+#include "entries/frmCompetitors.h"
+
+#include "core/db.h"
+#include "core/dialogs.h"
+#include "core/globals.h"
+#include "core/pause.h"
+#include "ui/grid/flex_grid.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+namespace {
+
+const int Dancers = 1500;
+const int Runs = 7;
+
+struct Timing
+{
+    double median = 0;
+    double best = 0;
+};
+
+Timing Time_Of(const std::function<void()> &setUp, const std::function<void()> &work, int runs = Runs)
+{
+    std::vector<double> ms;
+    for (int i = 0; i < runs; ++i) {
+        setUp();
+        QElapsedTimer t;
+        t.start();
+        work();
+        ms.push_back(t.nsecsElapsed() / 1e6);
+    }
+    std::sort(ms.begin(), ms.end());
+    return {ms[ms.size() / 2], ms.front()};
+}
+
+void Print(const char *what, const Timing &t)
+{
+    std::printf("  %-58s %9.2f ms  (best %.2f)\n", what, t.median, t.best);
+}
+
+short Build_Competition(Connection &conn)
+{
+    Transaction t(conn);
+    conn.execute("INSERT INTO competitions(competition_name, competition_date) VALUES ('Bench Games', '01/08/2026')");
+    const short comp = static_cast<short>(conn.lastInsertId());
+    const QStringList codes = {"P1", "P2", "B1", "B2", "I1", "I2", "CH", "PS"};
+    const QStringList names = {"Primary 6 & Under", "Primary 7 & Over", "Beginner 8 & Under", "Beginner 9 & Over",
+                               "Intermediate 12 & Under", "Intermediate 13 & Over", "Open", "Premiership"};
+    for (int i = 0; i < codes.size(); ++i)
+        conn.execute("INSERT INTO age_groups(competition_id, competition_group_id, age_group, category) VALUES (?,?,?,?)",
+                     {comp, codes[i], names[i], i == 6 ? "C" : i == 7 ? "PS" : "H"});
+    const QStringList forenames = {"Amy", "Beth", "Cara", "Dana", "Eilidh", "Fiona", "Greer", "Heather", "Isla", "Jenna"};
+    const QStringList surnames = {"Watt", "Abel", "Mair", "Kerr", "Ross", "Munro", "Grant", "Fraser", "Reid", "O'Neil"};
+    const QStringList towns = {"Oban", "Perth", "Inverness", "Aberdeen", "Dundee", "Stirling"};
+    for (int n = 1; n <= Dancers; ++n) {
+        QVariantList v{comp, n, forenames[n % 10], surnames[(n / 10) % 10], 6 + n % 15,
+                       QString("%1 High Street").arg(n), towns[n % 6], QString("PH%1 1AB").arg(n % 50), 12.5,
+                       "01/06/2026", QString("Teacher %1").arg(n % 40)};
+        QStringList entered;
+        for (int k = 0; k < 1 + n % 4; ++k)
+            entered << codes[(n + 2 * k) % codes.size()];
+        for (int k = 0; k < 8; ++k)
+            v << (k < entered.size() ? QVariant(entered[k]) : QVariant());
+        conn.execute("INSERT INTO competitors(competition_id, competitor_id, forename, surname, age, address1, town, "
+                     "postcode, fee, date_received, teacher, group_id1, group_id2, group_id3, group_id4, group_id5, "
+                     "group_id6, group_id7, group_id8) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
+                     v);
+        for (const QString &e : entered)
+            conn.execute("INSERT INTO competitor_groups(competition_id, competitor_id, group_id) VALUES (?,?,?)",
+                         {comp, n, e});
+    }
+    return comp;
+}
+
+// One edit as the operator makes it: the editor opened on a cell, a text
+// typed, the cell left through validation.
+void Edit_Cell(frmCompetitors &screen, int row, int col, const QString &text)
+{
+    screen.MSFlexGrid1->setCurrentCell(row, col);
+    screen.Begin_Edit(QStringLiteral("DEL"));
+    screen.txtEdit->setText(text);
+    if (!screen.Validate_Cell())
+        std::fprintf(stderr, "edit refused: %s\n", qPrintable(Dialogs::lastRecord().text));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QString shot;
+    for (int i = 1; i + 1 < argc; ++i)
+        if (QString::fromLocal8Bit(argv[i]) == QLatin1String("--shot"))
+            shot = QString::fromLocal8Bit(argv[i + 1]);
+
+    QTemporaryDir dir;
+    if (!dir.isValid() || !QFile::copy(QStringLiteral(STRATHMARK_PREPARED_DB), dir.filePath(DB_FILE))) {
+        std::fprintf(stderr, "cannot copy the prepared database\n");
+        return 1;
+    }
+    QFile::setPermissions(dir.filePath(DB_FILE), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    Data_Dir = dir.path() + QLatin1Char('/');
+    Db_Password = QString::fromLatin1(DB_PASSWORD_CONSTANT);
+    Dialogs::setScripted(true);
+    Set_Pause_Scale(0);
+
+    Connection conn;
+    conn.open();
+    QElapsedTimer build;
+    build.start();
+    Current_Competition_Id = Build_Competition(conn);
+    std::printf("Competitors screen, %d dancers (%d entries), built in %.0f ms\n", Dancers,
+                conn.scalar("SELECT count(*) FROM competitor_groups").toInt(), build.nsecsElapsed() / 1e6);
+
+    const QString plain = Competitor_Statement(Current_Competition_Id) + QStringLiteral(" ORDER BY 2 DESC");
+    int rows = 0;
+    Print("bare query of the grid's statement", Time_Of([] {}, [&] { rows = conn.query(plain).rowCount(); }));
+    Print("row set read (wrapped statement, rowid)", Time_Of([] {}, [&] {
+              RecordSet rs;
+              rs.open(conn, QStringLiteral("competitors"), Row_Set_Statement(plain));
+          }));
+    Print("a connection opened (key derivation)", Time_Of([] {}, [] {
+              Connection c;
+              c.open();
+          }));
+
+    std::unique_ptr<frmCompetitors> screen;
+    Print("screen opened: connection, query, grid fill, event list",
+          Time_Of([&] { screen.reset(); }, [&] { screen = std::make_unique<frmCompetitors>(); }));
+    screen->setWindowState(Qt::WindowNoState);
+    screen->resize(1280, 860);
+    screen->show();
+    QCoreApplication::processEvents();
+    if (screen->MSFlexGrid1->rowCount() != Dancers + 1 || rows != Dancers) {
+        std::fprintf(stderr, "expected %d rows, grid has %d\n", Dancers, screen->MSFlexGrid1->rowCount() - 1);
+        return 1;
+    }
+    Print("grid refreshed: query and fill", Time_Of([] {}, [&] { screen->Refresh_Grid(); }));
+
+    int n = 0;
+    Print("one edit: editor opened, text typed, cell left (row 1500)",
+          Time_Of([] {}, [&] { Edit_Cell(*screen, Dancers, 12, QStringLiteral("note %1").arg(++n)); }));
+    screen->Save_Changes();
+    Print("save after editing one row (write, refresh, box)",
+          Time_Of([&] { Edit_Cell(*screen, 700, 12, QStringLiteral("paid %1").arg(++n)); },
+                  [&] { screen->Save_Changes(); }));
+    if (!shot.isEmpty()) {  // before the all-rows save upper-cases every name
+        screen->MSFlexGrid1->setCurrentCell(1, 2);
+        screen->MSFlexGrid1->setFocus();
+        QCoreApplication::processEvents();
+        screen->grab().save(shot);
+        std::printf("screenshot: %s\n", qPrintable(shot));
+        // The same with the search panel open and the event list on F2.
+        screen->CmdViewSearch_Click();
+        screen->MSFlexGrid1->setCurrentCell(3, 18);
+        QKeyEvent f2(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier);
+        QCoreApplication::sendEvent(screen->MSFlexGrid1, &f2);
+        QCoreApplication::processEvents();
+        const QString panels = QString(shot).replace(QLatin1String(".png"), QLatin1String("_panels.png"));
+        screen->grab().save(panels);
+        std::printf("screenshot: %s\n", qPrintable(panels));
+        screen->CmdGroupCancel_Click();
+        screen->CmdCancelSearch_Click();
+    }
+    Print("for scale: save with all 1500 rows marked", Time_Of([&] {
+              for (int r = 1; r <= Dancers; ++r)
+                  screen->Rules().marks().set(r);
+          },
+                                                                [&] { screen->Save_Changes(); }, 3));
+    if (Dialogs::lastRecord().text != QLatin1String("Changes Saved!")) {
+        std::fprintf(stderr, "save failed: %s\n", qPrintable(Dialogs::lastRecord().text));
+        return 1;
+    }
+
+    screen->Set_Dirty(false);
+    screen->close();
+    return 0;
+}
