@@ -1,9 +1,19 @@
 #include "screens.h"
 #include "entries/frmCompetitors.h"
+#include "setup/FrmEvents.h"
+#include "setup/frmCategories.h"
+#include "setup/frmJudges.h"
+#include "setup/frmdances.h"
+#include "setup/frmgroups.h"
 #include "ui/frmMain.h"
 
 // One line per screen: frmMain::Register_Screen("<menu item>", [] { return new <screen>; });
 void Register_All_Screens()
 {
     frmMain::Register_Screen("mnucompetitors", [] { return new frmCompetitors; });
+    frmMain::Register_Screen("mnuevents", [] { return new FrmEvents; });
+    frmMain::Register_Screen("mnuAgeGroup", [] { return new frmgroups; });
+    frmMain::Register_Screen("mnusections", [] { return new frmCategories; });
+    frmMain::Register_Screen("mnudances", [] { return new frmdances; });
+    frmMain::Register_Screen("mnujudges", [] { return new frmJudges; });
 }
