@@ -33,7 +33,8 @@ std::array<short, 4> ThreeJudgeScreen::Event_Dances() const
 
 void ThreeJudgeScreen::LstGroup_Click()
 {
-    const int row = LstGroup->currentRow();
+    const QList<QListWidgetItem *> selected = LstGroup->selectedItems();
+    const int row = selected.isEmpty() ? -1 : LstGroup->row(selected.first());
     if (row < 0 || row >= m_events.size() || m_loadingEvent)
         return;
     // Changing the event asks whatever the auto-save setting says.
@@ -76,7 +77,7 @@ void ThreeJudgeScreen::Select_Event(int row)
     Current_Dance_Id = before;
     if (m_kind.danceIdsFromCategory && before == No_Dance_Yet)
         Current_Dance_Id = Event_Dance_Ids[1];
-    m_eventName = LstGroup->currentItem() ? LstGroup->currentItem()->text() : QString();
+    m_eventName = LstGroup->item(row)->text();
     lblEvent->setText(m_eventName);
     Show_Current_Dance();
     Refresh_Dance();

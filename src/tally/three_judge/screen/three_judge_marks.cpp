@@ -20,6 +20,12 @@
 
 namespace {
 
+const QListWidgetItem *Selected(const QListWidget *list)
+{
+    const QList<QListWidgetItem *> items = list->selectedItems();
+    return items.isEmpty() ? nullptr : items.first();
+}
+
 const QString Validation_Title = QStringLiteral("Validation Error");
 
 void Fill_Result_Grid(FlexGrid *grid, const QStringList &headers, const QList<int> &widths,
@@ -45,7 +51,7 @@ Mark_Rules &ThreeJudgeScreen::Marks()
 
 int ThreeJudgeScreen::Filter_Value() const
 {
-    const QListWidgetItem *it = lst_filter->currentItem();
+    const QListWidgetItem *it = Selected(lst_filter);
     return it ? it->data(Qt::UserRole).toInt() : 0;
 }
 
@@ -169,8 +175,8 @@ void ThreeJudgeScreen::Clear_Judge_Lists()
 
 void ThreeJudgeScreen::Judge_List_Click(int n)
 {
-    const QListWidgetItem *it = LstJudge[n - 1]->currentItem();
-    if (!it || LstJudge[n - 1]->currentRow() < 0)
+    const QListWidgetItem *it = Selected(LstJudge[n - 1]);
+    if (!it)
         return;
     const int judge = it->data(Qt::UserRole).toInt();
     try {
@@ -184,7 +190,7 @@ void ThreeJudgeScreen::Judge_List_Click(int n)
 
 void ThreeJudgeScreen::lstnodancers_Click()
 {
-    const QListWidgetItem *it = lstnodancers->currentItem();
+    const QListWidgetItem *it = Selected(lstnodancers);
     if (!m_noDancersLive || !it)
         return;
     try {

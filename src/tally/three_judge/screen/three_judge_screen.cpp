@@ -301,15 +301,17 @@ void ThreeJudgeScreen::Place_Floating()
 
 void ThreeJudgeScreen::Connect_Controls()
 {
-    connect(LstGroup, &QListWidget::currentRowChanged, this, [this] { LstGroup_Click(); });
+    // Lists act on a selection made by the operator or by code, never on
+    // the cursor a list puts on its first entry when it takes the focus.
+    connect(LstGroup, &QListWidget::itemSelectionChanged, this, [this] { LstGroup_Click(); });
     for (int i = 0; i < 4; ++i) {
         connect(Dance_Buttons[i], &QPushButton::clicked, this, [this, i] { Dance_Button_Click(i + 1); });
         connect(cmd_edit[i], &QPushButton::clicked, this, &ThreeJudgeScreen::Show_Dance_Name_Editor);
     }
     for (int i = 0; i < 3; ++i)
-        connect(LstJudge[i], &QListWidget::currentRowChanged, this, [this, i] { Judge_List_Click(i + 1); });
-    connect(lstnodancers, &QListWidget::currentRowChanged, this, &ThreeJudgeScreen::lstnodancers_Click);
-    connect(lst_filter, &QListWidget::currentRowChanged, this, &ThreeJudgeScreen::lst_filter_Click);
+        connect(LstJudge[i], &QListWidget::itemSelectionChanged, this, [this, i] { Judge_List_Click(i + 1); });
+    connect(lstnodancers, &QListWidget::itemSelectionChanged, this, &ThreeJudgeScreen::lstnodancers_Click);
+    connect(lst_filter, &QListWidget::itemSelectionChanged, this, &ThreeJudgeScreen::lst_filter_Click);
     connect(Cmd_Tally, &QPushButton::clicked, this, &ThreeJudgeScreen::Cmd_Tally_Click);
     connect(CmdRand, &QPushButton::clicked, this, &ThreeJudgeScreen::CmdRand_Click);
     connect(CmdCheck, &QPushButton::clicked, this, &ThreeJudgeScreen::CmdCheck_Click);
