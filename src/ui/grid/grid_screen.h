@@ -49,7 +49,10 @@
 //                                     First_Row_Defaults
 //        Add_Row()                    virtual, call the base
 //    Set_Arrows_By_Sent_Keys(true) makes the editor's arrows move by keys
-//    sent to the grid (competitors screen).
+//    sent to the grid (competitors screen). Keys of the screen's own go in
+//    an eventFilter override that returns GridScreen::eventFilter for the
+//    rest. Set column widths with MSFlexGrid1->Set_Col_Width (keeps the
+//    caption rows in step). A screen closes itself with Unload().
 //
 // 3. Controls by objectName: MSFlexGrid1 (FlexGrid, a QTableWidget; caption
 //    rows are rows 0..fixedRows-1, column 0 hidden), txtEdit (QLineEdit
