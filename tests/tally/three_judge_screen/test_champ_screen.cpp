@@ -7,9 +7,11 @@
 #include "support/fixtures.h"
 #include "support/test_env.h"
 #include "tally/three_judge/screen/mark_rules.h"
+#include "ui/frmMain.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QMdiArea>
 
 using namespace Drive;
 
@@ -21,6 +23,7 @@ private slots:
     void dance_names();
     void keys_and_checks();
     void quick_find();
+    void inside_the_main_window();
 };
 
 namespace {
@@ -33,7 +36,7 @@ short Make_Competition(Connection &conn, int dancers)
     Current_Competition_Id = comp;
     Current_Competition_Name = "Cowal Gathering";
     Fixture::Event(conn, comp, "C1", "Adult", "C");
-    Fixture::Event(conn, comp, "C2", "Junior", "C");
+    Fixture::Event(conn, comp, "C2", "Under 16", "C");
     conn.execute("UPDATE age_groups SET championship_title = 'Scottish Championship' WHERE competition_group_id = 'C1'");
     conn.execute("UPDATE age_groups SET championship_title = 'Junior Championship' WHERE competition_group_id = 'C2'");
     for (int i = 0; i < dancers; ++i) {
@@ -51,62 +54,6 @@ int stored_count(Connection &conn)
 {
     return Fixture::Count(conn, "judges_results", "points_awarded1 IS NOT NULL OR points_awarded2 IS NOT NULL OR "
                                                   "points_awarded3 IS NOT NULL");
-}
-
-int Row_Of(QListWidget *list, const QString &text)
-{
-    for (int i = 0; i < list->count(); ++i)
-        if (list->item(i)->text() == text)
-            return i;
-    return -1;
-}
-
-// The overall result as stored, in the grid's shape.
-QList<QStringList> Stored_Overall(Connection &conn, const QString &group)
-{
-    RowSet rs = conn.query("SELECT h.placing, h.tie, h.competitor_id, h.dance_points, c.forename, c.surname FROM "
-                           "highland_results h JOIN competitors c ON c.competitor_id = h.competitor_id AND "
-                           "c.competition_id = h.competition_id WHERE h.group_id = '" + group + "' ORDER BY h.placing");
-    QList<QStringList> rows;
-    for (; !rs.eof(); rs.next())
-        rows << QStringList{rs.text("placing") + rs.text("tie"), rs.text("competitor_id"), rs.text("dance_points"),
-                            rs.text("forename") + " " + rs.text("surname")};
-    return rows;
-}
-
-QList<QStringList> Stored_Dance(Connection &conn, const QString &group, int dance)
-{
-    RowSet rs = conn.query(QString("SELECT o.placing, o.tie, o.competitor_id, c.forename, c.surname FROM "
-                                   "overall_dance_results o JOIN competitors c ON c.competitor_id = o.competitor_id AND "
-                                   "c.competition_id = o.competition_id WHERE o.group_id = '%1' AND o.dance_id = %2 "
-                                   "AND o.points > 0 ORDER BY o.placing").arg(group).arg(dance));
-    QList<QStringList> rows;
-    for (; !rs.eof(); rs.next())
-        rows << QStringList{rs.text("placing") + rs.text("tie"), rs.text("competitor_id"),
-                            rs.text("forename") + " " + rs.text("surname")};
-    return rows;
-}
-
-void Open(ThreeJudgeScreen &s)
-{
-    s.resize(1280, 860);
-    s.show();
-    QApplication::setActiveWindow(&s);
-    QVERIFY(QTest::qWaitForWindowActive(&s));
-}
-
-void Select_Event(ThreeJudgeScreen &s, const QString &text)
-{
-    const int row = Row_Of(s.LstGroup, text);
-    QVERIFY(row >= 0);
-    Click_Item(s.LstGroup, row);
-}
-
-void Shot(QWidget &w, const QString &name)
-{
-    const QString dir = qEnvironmentVariable("THREESCREEN_SHOTS");
-    if (!dir.isEmpty())
-        w.grab().save(dir + "/" + name);
 }
 
 } // namespace
@@ -219,7 +166,7 @@ void TestChampScreen::championship_by_keys()
 
     // Selecting the event again tallies it afresh, with the same result.
     conn.execute("DELETE FROM highland_results");
-    Select_Event(s, "Junior Junior Championship");
+    Select_Event(s, "Under 16 Junior Championship");
     Select_Event(s, "Adult Scottish Championship");
     QCOMPARE(Stored_Overall(conn, "C1"), overall);
     QCOMPARE(Drive::Grid_Rows(s.GrdHR), overall);
@@ -253,7 +200,7 @@ void TestChampScreen::dance_names()
     QCOMPARE(s.Frame5->title(), QString("Judges Results - Broadswords"));
 
     // Another event has its own names; coming back keeps the rename and the dance.
-    Select_Event(s, "Junior Junior Championship");
+    Select_Event(s, "Under 16 Junior Championship");
     QCOMPARE(swords->text(), QString("Swords"));
     QCOMPARE(Current_Dance_Id, short(2));
     Select_Event(s, "Adult Scottish Championship");
@@ -270,7 +217,7 @@ void TestChampScreen::dance_names()
     QVERIFY(s.frm_edit_dances->isVisible());
     QCOMPARE(reel->text(), QString("Reel o' Tulloch"));
     Click(s.edit_cmd_cancel);
-    Select_Event(s, "Junior Junior Championship");
+    Select_Event(s, "Under 16 Junior Championship");
     Select_Event(s, "Adult Scottish Championship");
     QCOMPARE(reel->text(), QString("Reel"));
     QCOMPARE(swords->text(), QString("Broadswords"));
@@ -413,6 +360,35 @@ void TestChampScreen::quick_find()
     Press(Qt::Key_F3);
     QVERIFY(!s.frm_no->isVisible());
     QVERIFY(!s.Unsaved_Marks());
+}
+
+void TestChampScreen::inside_the_main_window()
+{
+    TestDataFolder env;
+    Connection conn;
+    conn.open();
+    Make_Competition(conn, 6);
+    frmMain main;
+    main.show();
+    frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
+    auto *s = qobject_cast<ThreeJudgeScreen *>(main.Open_Screen("mnuTallier"));
+    QVERIFY(s);
+    // The maximised frame adds the screen's caption in brackets behind it.
+    QVERIFY2(main.windowTitle().startsWith("Strathmark 2017 - Tallier Championship"), qPrintable(main.windowTitle()));
+    Select_Event(*s, "Adult Scottish Championship");
+    Go(*s, 1, First_Judge_Column);
+    Type("77");
+    Press(Qt::Key_Return);
+
+    // Closing asks even with auto-save on; a "Yes" saves and tallies first.
+    Opt_Auto_Save = true;
+    Dialogs::clearRecords();
+    Dialogs::queueAnswer(vbYes);
+    main.mdiArea()->closeAllSubWindows();
+    QCOMPARE(Dialogs::texts(), QStringList{"Do you want to save your changes? "});
+    QCOMPARE(conn.scalar("SELECT points_awarded1 FROM judges_results WHERE competitor_id = 101 AND dance_id = 1").toInt(), 77);
+    QCOMPARE(Fixture::Count(conn, "overall_dance_results", "group_id = 'C1' AND dance_id = 1"), 1);
+    QTRY_VERIFY(main.mdiArea()->subWindowList().isEmpty());
 }
 
 QTEST_MAIN(TestChampScreen)

@@ -11,6 +11,7 @@
 #include "ui/geometry_store.h"
 #include "ui/grid/flex_grid.h"
 
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,6 +29,19 @@ const QListWidgetItem *Selected(const QListWidget *list)
 
 const QString Validation_Title = QStringLiteral("Validation Error");
 
+// A column kept at least as wide as its caption, so that the caption reads
+// whole in the screen's font.
+void Fit_Caption(FlexGrid *grid, int col)
+{
+    if (grid->isColumnHidden(col))
+        return;
+    QFont bold = grid->font();
+    bold.setBold(true);
+    const int needed = QFontMetrics(bold).horizontalAdvance(grid->Text(0, col)) + 14;
+    if (grid->columnWidth(col) < needed)
+        grid->setColumnWidth(col, needed);
+}
+
 void Fill_Result_Grid(FlexGrid *grid, const QStringList &headers, const QList<int> &widths,
                       const QList<QStringList> &rows)
 {
@@ -36,6 +50,7 @@ void Fill_Result_Grid(FlexGrid *grid, const QStringList &headers, const QList<in
     for (int c = 0; c < headers.size(); ++c) {
         grid->Set_Text(0, c, headers.at(c));
         grid->Set_Col_Width(c, widths.at(c));
+        Fit_Caption(grid, c);
     }
     for (int r = 0; r < rows.size(); ++r)
         for (int c = 0; c < headers.size() && c < rows.at(r).size(); ++c)
@@ -98,6 +113,7 @@ void ThreeJudgeScreen::Set_Grid_Widths()
 {
     const int judges = qMax(600, (Pixels_To_Twips(MSFlexGrid1->viewport()->width()) - 1000) / 3);
     MSFlexGrid1->Set_Col_Width(0, 500);
+    Fit_Caption(MSFlexGrid1, 0);
     for (int c = 1; c < First_Judge_Column; ++c)
         MSFlexGrid1->Set_Col_Width(c, 0);
     for (int c = First_Judge_Column; c <= Last_Judge_Column; ++c)
