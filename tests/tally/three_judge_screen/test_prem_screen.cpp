@@ -16,6 +16,7 @@ class TestPremScreen : public QObject
     Q_OBJECT
 private slots:
     void premiership_by_keys();
+    void filter_and_trophies();
 };
 
 namespace {
@@ -135,6 +136,56 @@ void TestPremScreen::premiership_by_keys()
     QCOMPARE(conn.scalar("SELECT count(DISTINCT orderby) FROM judges_results WHERE group_id = 'P2'").toInt(), 24);
     QCOMPARE(Fixture::Count(conn, "judges_results", "group_id = 'P2' AND dance_id = 16 AND orderby IS NOT NULL"), 0);
     QCOMPARE(s.MSFlexGrid1->Text(1, 0), QString("201"));   // the grid still sorts by number
+}
+
+void TestPremScreen::filter_and_trophies()
+{
+    TestDataFolder env;
+    Connection conn;
+    conn.open();
+    const short comp = Fixture::Competition(conn, "Braemar Gathering", "05/09/2026");
+    Current_Competition_Id = comp;
+    Fixture::Category_Dances(conn, comp, "PS", {1, 2, 3, 4});
+    Fixture::Event(conn, comp, "P2", "Under 16", "PS");
+    Fixture::Event(conn, comp, "P3", "Adult", "PS");
+    for (int i = 0; i < 8; ++i)
+        Fixture::Competitor(conn, comp, 201 + i, Forenames[i], Surnames[i], {"P2"});
+    conn.execute("UPDATE competitors SET registered = 1 WHERE competitor_id = 201");
+    conn.execute("UPDATE competitors SET registered = 0 WHERE competitor_id = 203");   // no card, but present
+
+    ThreeJudgeScreen s(Premiership_Kind());
+    Open(s);
+    Select_Event(s, "Under 16 ");
+    conn.execute("UPDATE judges_results SET points_awarded1 = 50 WHERE competitor_id = 202 AND dance_id = 1");
+
+    // Filtered: only the signed-in dancers, and the others' marks stay as they were.
+    Click_Item(s.lst_filter, 1);
+    QCOMPARE(s.MSFlexGrid1->rowCount(), 3);
+    QCOMPARE(s.MSFlexGrid1->Text(2, 0), QString("203"));
+    Go(s, 1, First_Judge_Column);
+    Type("88");
+    Press(Qt::Key_Return);
+    Dialogs::queueAnswer(vbYes);
+    Click_Item(s.lst_filter, 0);
+    QCOMPARE(s.MSFlexGrid1->rowCount(), 9);
+    QCOMPARE(s.MSFlexGrid1->Text(1, First_Judge_Column), QString("88"));
+    QCOMPARE(s.MSFlexGrid1->Text(2, First_Judge_Column), QString("50"));
+
+    // Include in Trophies writes the dance's flag at once.
+    QVERIFY(s.lstnodancers->isEnabled());
+    Click_Item(s.lstnodancers, 1);
+    QCOMPARE(Fixture::Count(conn, "dance_no_dancers", "group_id = 'P2' AND dance_id = 1"), 1);
+    Click_Item(s.lstnodancers, 0);
+    QCOMPARE(Fixture::Count(conn, "dance_no_dancers", "group_id = 'P2'"), 0);
+    QVERIFY(!s.Unsaved_Marks());
+
+    // An event without dancers: nothing to mark, but the filter can change.
+    Select_Event(s, "Adult ");
+    QCOMPARE(s.MSFlexGrid1->rowCount(), 1);
+    QVERIFY(!s.Cmd_Tally->isEnabled());
+    QVERIFY(!s.findChild<QPushButton *>("Cmd2")->isEnabled());
+    QVERIFY(s.lst_filter->isEnabled());
+    QCOMPARE(Fixture::Count(conn, "dance_no_dancers", "group_id = 'P3'"), 4);
 }
 
 QTEST_MAIN(TestPremScreen)

@@ -55,6 +55,8 @@ void ThreeJudgeScreen::Select_Event(int row)
     Current_Group_Id = m_events.at(row).code;
     const QString group = Current_Group_Id;
     Disable_Buttons();
+    // Until the event's marks are read, the grid reads nothing of the last one.
+    Marks().select = Empty_Marks_Select();
     const short before = Current_Dance_Id;
 
     if (m_kind.danceIdsFromCategory) {
