@@ -4,7 +4,8 @@
 #include "tally/competition/screen/dance_settings.h"
 #include "tally/competition/screen/entries_sync.h"
 #include "tally/competition/screen/event_queries.h"
-#include "tally/competition/screen/mark_sheet.h"
+#include "tally/competition/screen/mark_rules.h"
+#include "tally/competition/screen/mark_values.h"
 #include "tally/competition/screen/result_rows.h"
 
 #include <QtTest>
@@ -22,6 +23,16 @@ QString Marks_Of(Connection &c, short comp, const QString &code, int competitor)
     for (; !rs.eof(); rs.next())
         out << rs.text("dance_id") + ":" + rs.text("points_awarded1");
     return out.join(' ');
+}
+
+// The grid as the screen would hand it to a save: caption row, then number and mark.
+Grid_Cells Grid_Of(const RecordSet &rs, const QStringList &marks)
+{
+    Grid_Cells cells(0, 2);
+    cells.appendRow({"Num", "Mark"});
+    for (int r = 0; r < rs.rowCount(); ++r)
+        cells.appendRow({Mark_Text(rs.value(r, 0)), marks.value(r)});
+    return cells;
 }
 
 QStringList Texts(const QList<QStringList> &rows)
@@ -42,7 +53,7 @@ private slots:
     void sync_adds_rows_and_drops_withdrawn_dancers();
     void small_events_and_dances_count_for_no_trophy();
     void marks_are_checked_as_the_grid_accepts_them();
-    void mark_sheet_writes_fractions_and_nulls_and_stops_at_a_refused_row();
+    void mark_rules_write_fractions_and_nulls_and_stop_at_a_refused_row();
     void registered_filter_hides_rows_without_touching_their_marks();
     void result_rows_show_place_and_tie();
     void dance_judge_and_trophy_flag();
@@ -188,7 +199,7 @@ void TestCompScreenLogic::marks_are_checked_as_the_grid_accepts_them()
     QCOMPARE(Mark_Text(QVariant(qlonglong(90))), QString("90"));
 }
 
-void TestCompScreenLogic::mark_sheet_writes_fractions_and_nulls_and_stops_at_a_refused_row()
+void TestCompScreenLogic::mark_rules_write_fractions_and_nulls_and_stop_at_a_refused_row()
 {
     TestDataFolder env;
     Connection c;
@@ -200,14 +211,20 @@ void TestCompScreenLogic::mark_sheet_writes_fractions_and_nulls_and_stops_at_a_r
     Sync_Entries(c, comp, "A", {1, 2});
     c.execute("UPDATE comp_judges_results SET points_awarded1 = 50 WHERE competitor_id = 7 AND dance_id = 1");
 
-    Mark_Sheet sheet;
-    sheet.open(c, comp, "A", 1, false, "DESC");
-    QCOMPARE(sheet.rowCount(), 4);
-    QCOMPARE(sheet.number(0), QString("30"));
-    QCOMPARE(sheet.number(3), QString("5"));
-    QCOMPARE(sheet.mark(2), QString("50"));
+    Mark_Rules rules;
+    rules.comp = comp;
+    rules.code = "A";
+    rules.dance = 1;
+    rules.orderSql = "DESC";
+    RecordSet rs;
+    rs.open(c, rules.table, rules.Select_Sql());
+    QCOMPARE(rs.rowCount(), 4);
+    QCOMPARE(Mark_Text(rs.value(0, 0)), QString("30"));
+    QCOMPARE(Mark_Text(rs.value(3, 0)), QString("5"));
+    QCOMPARE(Mark_Text(rs.value(2, 1)), QString("50"));
 
-    QCOMPARE(sheet.write({"87.5", "87.25", "", "100"}), -1);
+    Grid_Save_Result saved = Run_Grid_Save(rules, c, rs, Grid_Of(rs, {"87.5", "87.25", "", "100"}), 0);
+    QVERIFY(!saved.failed && !saved.refusal);
     QCOMPARE(Marks_Of(c, comp, "A", 30), QString("1:87.5 2:"));
     QCOMPARE(Marks_Of(c, comp, "A", 12), QString("1:87.25 2:"));
     QCOMPARE(Marks_Of(c, comp, "A", 7), QString("1: 2:"));
@@ -216,14 +233,25 @@ void TestCompScreenLogic::mark_sheet_writes_fractions_and_nulls_and_stops_at_a_r
                       "dance_id = 1").toInt(), 1);
 
     // A text the column refuses stops the save at its row; the rows before stay.
-    QString error;
-    QCOMPARE(sheet.write({"60", "61", "abc", "63"}, &error), 2);
-    QVERIFY(!error.isEmpty());
-    QCOMPARE(sheet.mark(2), QString());
+    saved = Run_Grid_Save(rules, c, rs, Grid_Of(rs, {"60", "61", "abc", "63"}), 0);
+    QVERIFY(saved.failed);
+    QCOMPARE(saved.row, 3);
+    QVERIFY(rs.value(2, 1).isNull());
     QCOMPARE(Marks_Of(c, comp, "A", 30), QString("1:60 2:"));
     QCOMPARE(Marks_Of(c, comp, "A", 12), QString("1:61 2:"));
     QCOMPARE(Marks_Of(c, comp, "A", 5), QString("1:100 2:"));
     QVERIFY(!c.inTransaction());
+
+    // The grid's checks, with the exact words of the boxes.
+    QString text = "101";
+    QCOMPARE(rules.Check_Cell(1, 1, text)->text, QString("Nunber must be between 0 and 100! Re-enter or Hit <Escape> to exit"));
+    QVERIFY(rules.outOfRangeRefused);
+    text = "40000";
+    QCOMPARE(rules.Check_Cell(1, 1, text)->text, QString("Invalid Number! Re-enter or Hit <Escape> to exit"));
+    QCOMPARE(rules.Check_Cell(1, 1, text)->title, QString("Validation Error"));
+    text = "87.5";
+    QVERIFY(!rules.Check_Cell(1, 1, text));
+    QCOMPARE(text, QString("87.5"));
 }
 
 void TestCompScreenLogic::registered_filter_hides_rows_without_touching_their_marks()
@@ -240,12 +268,18 @@ void TestCompScreenLogic::registered_filter_hides_rows_without_touching_their_ma
     Sync_Entries(c, comp, "A", {1});
     c.execute("UPDATE comp_judges_results SET points_awarded1 = 70");
 
-    Mark_Sheet sheet;
-    sheet.open(c, comp, "A", 1, true, "ASC");
-    QCOMPARE(sheet.rowCount(), 2);
-    QCOMPARE(sheet.number(0), QString("2"));
-    QCOMPARE(sheet.number(1), QString("4"));
-    QCOMPARE(sheet.write({"81", ""}), -1);
+    Mark_Rules rules;
+    rules.comp = comp;
+    rules.code = "A";
+    rules.dance = 1;
+    rules.registeredOnly = true;
+    RecordSet rs;
+    rs.open(c, rules.table, rules.Select_Sql());
+    QCOMPARE(rs.rowCount(), 2);
+    QCOMPARE(Mark_Text(rs.value(0, 0)), QString("2"));
+    QCOMPARE(Mark_Text(rs.value(1, 0)), QString("4"));
+    const Grid_Save_Result saved = Run_Grid_Save(rules, c, rs, Grid_Of(rs, {"81", ""}), 0);
+    QVERIFY(!saved.failed);
     QCOMPARE(Marks_Of(c, comp, "A", 1), QString("1:70"));
     QCOMPARE(Marks_Of(c, comp, "A", 2), QString("1:81"));
     QCOMPARE(Marks_Of(c, comp, "A", 3), QString("1:70"));

@@ -1,4 +1,4 @@
-#include "mark_sheet.h"
+#include "mark_values.h"
 
 #include <cmath>
 
@@ -13,23 +13,6 @@ bool Parse_Number(const QString &text, double *value)
     *value = d;
     return true;
 }
-
-bool Is_Number(const QVariant &v)
-{
-    return v.typeId() == QMetaType::LongLong || v.typeId() == QMetaType::Double || v.typeId() == QMetaType::Int;
-}
-
-// A row is written only when its mark differs from the stored one.
-bool Same_Mark(const QVariant &a, const QVariant &b)
-{
-    if (a.isNull() || b.isNull())
-        return a.isNull() && b.isNull();
-    return Is_Number(a) && Is_Number(b) && a.toDouble() == b.toDouble();
-}
-
-// Columns of the record set: the marks grid shows the first two.
-constexpr int Number_Field = 0;
-constexpr int Mark_Field = 1;
 
 } // namespace
 
@@ -74,56 +57,15 @@ QString Marks_Select(short comp, const QString &code, short dance, bool register
 {
     const QString id = QString::number(comp);
     const QString d = QString::number(dance);
-    // The marks are written back through the table's own column names.
+    // Number and mark only: the mark is written back through its own column name.
     if (registeredOnly)
-        return "Select comp_judges_results.competitor_id, comp_judges_results.points_awarded1, "
-               "comp_judges_results.competition_id, comp_judges_results.group_id, comp_judges_results.dance_id "
-               "from comp_judges_results, competitors c where comp_judges_results.competition_id = "
+        return "Select comp_judges_results.competitor_id, comp_judges_results.points_awarded1 from "
+               "comp_judges_results, competitors c where comp_judges_results.competition_id = "
                + id + " AND comp_judges_results.group_id = '" + code + "' AND comp_judges_results.dance_id = " + d
                + " AND c.competition_id = " + id
                + " AND c.competitor_id = comp_judges_results.competitor_id AND c.registered IS NOT NULL "
                  "Order by comp_judges_results.competitor_id "
                + orderSql;
-    return "Select competitor_id, points_awarded1, competition_id, group_id, dance_id from comp_judges_results "
-           "where competition_id = "
-           + id + " AND group_id = '" + code + "' AND dance_id = " + d + " Order by competitor_id " + orderSql;
-}
-
-void Mark_Sheet::open(Connection &conn, short comp, const QString &code, short dance, bool registeredOnly,
-                      const QString &orderSql)
-{
-    m_conn = &conn;
-    m_rs.open(conn, QStringLiteral("comp_judges_results"), Marks_Select(comp, code, dance, registeredOnly, orderSql));
-}
-
-QString Mark_Sheet::number(int row) const
-{
-    return Mark_Text(m_rs.value(row, Number_Field));
-}
-
-QString Mark_Sheet::mark(int row) const
-{
-    return Mark_Text(m_rs.value(row, Mark_Field));
-}
-
-int Mark_Sheet::write(const QStringList &marks, QString *error)
-{
-    Transaction t(*m_conn);
-    const int rows = qMin(static_cast<int>(marks.size()), rowCount());
-    for (int row = 0; row < rows; ++row) {
-        const QVariant value = Mark_Value(marks.at(row));
-        const QVariant old = m_rs.value(row, Mark_Field);
-        if (Same_Mark(value, old))
-            continue;
-        try {
-            m_rs.setValue(row, Mark_Field, value);
-            m_rs.update(row);
-        } catch (const AppError &e) {
-            m_rs.cancelUpdate(row);
-            if (error)
-                *error = e.message();
-            return row;
-        }
-    }
-    return -1;
+    return "Select competitor_id, points_awarded1 from comp_judges_results where competition_id = " + id
+           + " AND group_id = '" + code + "' AND dance_id = " + d + " Order by competitor_id " + orderSql;
 }

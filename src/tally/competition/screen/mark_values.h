@@ -1,10 +1,9 @@
 #pragma once
-#include "core/db.h"
-
 #include <QString>
-#include <QStringList>
+#include <QVariant>
 
-// The marks of one dance of one event, as the mark grid shows and edits them.
+// The marks of one dance of one event: which texts the mark grid accepts, how
+// they are stored and shown, and which rows it shows.
 
 enum class Mark_Check {
     Accepted,      // empty, or a number from 0 to 100 (fractions kept)
@@ -24,26 +23,3 @@ QString Mark_Text(const QVariant &value);
 // registeredOnly only those signed in or without card (registered not NULL).
 // Ordered by number, orderSql "ASC" or "DESC".
 QString Marks_Select(short comp, const QString &code, short dance, bool registeredOnly, const QString &orderSql);
-
-class Mark_Sheet
-{
-public:
-    void open(Connection &conn, short comp, const QString &code, short dance, bool registeredOnly,
-              const QString &orderSql);
-    void close() { m_rs.close(); }
-    bool isOpen() const { return m_rs.isOpen(); }
-
-    int rowCount() const { return m_rs.rowCount(); }
-    QString number(int row) const;
-    QString mark(int row) const;
-
-    // Writes the marks of the rows in order, one per row, in one transaction.
-    // A row whose mark cannot be stored stops the work with its pending
-    // change dropped: its index is returned (the rows before it stay written)
-    // and error tells the engine's words. -1 when all went in.
-    int write(const QStringList &marks, QString *error = nullptr);
-
-private:
-    Connection *m_conn = nullptr;
-    RecordSet m_rs;
-};
