@@ -1,0 +1,208 @@
+// Saving on the Competition mark screen: the save and tally, the questions
+// before leaving a dance or an event, the buttons that save first, closing,
+// and the keys in which the mark grid differs from the other grid screens.
+#include "FrmTallyComp.h"
+#include "mark_rules.h"
+#include "mark_values.h"
+#include "core/dialogs.h"
+#include "core/errors.h"
+#include "core/globals.h"
+#include "ui/grid/flex_grid.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace {
+
+const QString Validation_Error = QStringLiteral("Validation Error");
+const QString Button_Failure = QStringLiteral("There has been an error udating this result. Please retry!");
+
+} // namespace
+
+bool FrmTallyComp::Save_And_Tally()
+{
+    const Grid_Save_Result written = Run_Grid_Save(rules(), conn(), records(), Snapshot(), 0);
+    if (written.failed || written.refusal) {
+        Msg_Box(QStringLiteral("There was an error doing the update!"), vbExclamation, Validation_Error);
+        // The cell shows again what is stored.
+        const int record = written.row - Fixed_Rows();
+        if (record >= 0 && record < records().rowCount())
+            Set_Cell(written.row, 1, Mark_Text(records().value(record, 1)));
+        return false;
+    }
+    try {
+        Tally_Dance();
+        Tally_Overall();
+    } catch (const AppError &) {
+        Msg_Box(QStringLiteral("Err2: There was an error while tallying! Please try again!"), vbExclamation,
+                Validation_Error);
+        return false;
+    }
+    return true;
+}
+
+bool FrmTallyComp::Editor_Accepts()
+{
+    if (!Editor_Open())
+        return true;
+    Marks().outOfRangeRefused = false;
+    if (Validate_Cell())
+        return true;
+    if (Marks().outOfRangeRefused)
+        txtEdit->selectAll();
+    return false;
+}
+
+bool FrmTallyComp::Save_Step(bool askAlways, bool withCompare)
+{
+    if (!Changed())
+        return true;
+    const bool save = (Opt_Auto_Save && !askAlways)
+                      || Msg_Box(QStringLiteral("Do you want to save your changes? "), vbYesNo + vbQuestion,
+                                 QStringLiteral("Save Changes Confirmation"))
+                             == vbYes;
+    if (!save)
+        return true;
+    if (!Save_And_Tally())
+        return false;
+    Set_Dirty(false);
+    if (withCompare)
+        Write_Compare_File_If_Checking();
+    return true;
+}
+
+void FrmTallyComp::Write_Compare_File_If_Checking()
+{
+    // With check mode on, the compare file for the second computer is
+    // written here by the cross-check work.
+}
+
+void FrmTallyComp::CmdTally_Click()
+{
+    if (!Editor_Accepts())
+        return;
+    try {
+        if (Save_And_Tally()) {
+            Set_Dirty(false);
+            Write_Compare_File_If_Checking();
+        }
+    } catch (const AppError &) {
+        Msg_Box(QStringLiteral("Err1: ") + Button_Failure, vbExclamation, Validation_Error);
+    }
+}
+
+void FrmTallyComp::Run_Report_Button(void (FrmTallyComp::*report)())
+{
+    if (!Editor_Accepts())
+        return;
+    try {
+        if (!Save_Step(false, true))
+            return;
+        if (report)
+            (this->*report)();
+    } catch (const AppError &) {
+        Msg_Box(Button_Failure, vbExclamation, Validation_Error);
+    }
+}
+
+// The reports and the compare run are filled in by their own work; until then
+// these buttons make the save that comes before them.
+void FrmTallyComp::CmdRpt_Click()
+{
+    Run_Report_Button(nullptr);
+}
+
+void FrmTallyComp::CmdPRRpt_Click()
+{
+    Run_Report_Button(nullptr);
+}
+
+void FrmTallyComp::cmdCallback_Click()
+{
+    Run_Report_Button(nullptr);
+}
+
+void FrmTallyComp::cmdPRCallback_Click()
+{
+    Run_Report_Button(nullptr);
+}
+
+void FrmTallyComp::CmdCheck_Click()
+{
+    Run_Report_Button(nullptr);
+}
+
+void FrmTallyComp::CmdPrepare_Click()
+{
+    // Only asks: no auto-save here.
+    if (!Editor_Accepts())
+        return;
+    try {
+        Save_Step(true, true);
+    } catch (const AppError &) {
+        Msg_Box(Button_Failure, vbExclamation, Validation_Error);
+    }
+}
+
+bool FrmTallyComp::Query_Unload()
+{
+    if (!Changed())
+        return true;
+    if (Msg_Box(QStringLiteral("Do you want to save your changes? "), vbYesNo + vbQuestion,
+                QStringLiteral("Save Changes Confirmation"))
+        != vbYes)
+        return true;
+    return Editor_Accepts() && Save_And_Tally();
+}
+
+// --- Keys -------------------------------------------------------------------------
+
+bool FrmTallyComp::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress && (watched == MSFlexGrid1 || watched == txtEdit)) {
+        if (Grid_Move_Key(static_cast<QKeyEvent *>(event), watched == txtEdit))
+            return true;
+    }
+    Marks().outOfRangeRefused = false;
+    const bool handled = GridScreen::eventFilter(watched, event);
+    // A number out of range stays in the box, selected for retyping.
+    if (Marks().outOfRangeRefused && Editor_Open())
+        txtEdit->selectAll();
+    return handled;
+}
+
+bool FrmTallyComp::Grid_Move_Key(QKeyEvent *e, bool fromEditor)
+{
+    // Tab and Enter go down the column of marks (Shift+Tab up), never across
+    // and never past the last dancer.
+    const int key = e->key();
+    const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!tab && !enter)
+        return false;
+    if (!fromEditor && Current_Row() < Fixed_Rows())
+        return false;
+    if (fromEditor) {
+        if (!Editor_Accepts())
+            return true;
+        MSFlexGrid1->setFocus();
+        QCoreApplication::processEvents();
+    }
+    const bool back = key == Qt::Key_Backtab || (tab && (e->modifiers() & Qt::ShiftModifier));
+    if (back) {
+        Move_Row(-1);
+    } else {
+        // Sent through the queue like a key press: the cursor moves after this returns.
+        QCoreApplication::postEvent(MSFlexGrid1, new QKeyEvent(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier));
+        QCoreApplication::postEvent(MSFlexGrid1, new QKeyEvent(QEvent::KeyRelease, Qt::Key_Down, Qt::NoModifier));
+    }
+    return true;
+}
+
+void FrmTallyComp::Move_Row(int delta)
+{
+    const int row = Current_Row() + delta;
+    if (row >= Fixed_Rows() && row < Row_Count())
+        MSFlexGrid1->setCurrentCell(row, Current_Col());
+}
