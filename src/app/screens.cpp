@@ -1,5 +1,6 @@
 #include "screens.h"
 #include "entries/frmCompetitors.h"
+#include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "setup/FrmEvents.h"
 #include "setup/frmCategories.h"
@@ -17,6 +18,7 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnusections", [] { return new frmCategories; });
     frmMain::Register_Screen("mnudances", [] { return new frmdances; });
     frmMain::Register_Screen("mnujudges", [] { return new frmJudges; });
+    frmMain::Register_Screen("mnuCompetition", [] { return new FrmTallyComp; });
     frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
 }
