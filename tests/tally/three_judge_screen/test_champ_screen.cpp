@@ -14,6 +14,7 @@
 #include <QMdiArea>
 
 using namespace Drive;
+using namespace ThreeJudge;
 
 class TestChampScreen : public QObject
 {
@@ -393,3 +394,4 @@ void TestChampScreen::inside_the_main_window()
 
 QTEST_MAIN(TestChampScreen)
 #include "test_champ_screen.moc"
+

@@ -10,6 +10,7 @@
 #include <QGroupBox>
 
 using namespace Drive;
+using namespace ThreeJudge;
 
 class TestPremScreen : public QObject
 {
@@ -190,3 +191,4 @@ void TestPremScreen::filter_and_trophies()
 
 QTEST_MAIN(TestPremScreen)
 #include "test_prem_screen.moc"
+

@@ -9,6 +9,8 @@
 #include <QSet>
 #include <QtTest>
 
+using namespace ThreeJudge;
+
 class TestThreeJudgeSheet : public QObject
 {
     Q_OBJECT
@@ -399,3 +401,4 @@ void TestThreeJudgeSheet::random_draw()
 
 QTEST_GUILESS_MAIN(TestThreeJudgeSheet)
 #include "test_sheet.moc"
+

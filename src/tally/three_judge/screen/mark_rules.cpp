@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+namespace ThreeJudge {
+
 namespace {
 
 QString Num(int v)
@@ -118,3 +120,5 @@ QVariant Mark_Rules::Field_Value(int col, const QString &text) const
         return QVariant(qlonglong(value));
     return QVariant(value);
 }
+
+} // namespace ThreeJudge

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace ThreeJudge {
+
 // The marks of one dance of a three-judge event as the grid shows them: one
 // row per dancer, columns Num, competition_id, group_id, dance_id (these three
 // hidden) and the marks of judges 1 to 3. A disqualification is stored as -1
@@ -49,3 +51,5 @@ public:
     QVariant Field_Value(int col, const QString &text) const override;
     void Delete_Dependents(Connection &conn, const QStringList &row) override {}
 };
+
+} // namespace ThreeJudge

@@ -15,6 +15,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+using namespace ThreeJudge;
+
 namespace {
 
 const QString Bold = QStringLiteral("font-weight: bold");
@@ -90,7 +92,7 @@ void ThreeJudgeScreen::Select_Event(int row)
 
 void ThreeJudgeScreen::Load_Event_Dances()
 {
-    const QList<Event_Dance> dances = ::Load_Event_Dances(conn(), Current_Competition_Id, Current_Group_Id);
+    const QList<Event_Dance> dances = ThreeJudge::Load_Event_Dances(conn(), Current_Competition_Id, Current_Group_Id);
     for (int i = 0; i < dances.size(); ++i) {
         const int n = i + 1;
         if (n > 12)
@@ -107,7 +109,7 @@ void ThreeJudgeScreen::Load_Event_Dances()
 
 void ThreeJudgeScreen::Load_Dance_Names()
 {
-    Dance_Names = ::Load_Dance_Names(conn(), Current_Competition_Id, Current_Group_Id);
+    Dance_Names = ThreeJudge::Load_Dance_Names(conn(), Current_Competition_Id, Current_Group_Id);
     for (int n = 1; n <= 4; ++n)
         Set_Dance_Caption(n, Dance_Names[n - 1]);
 }
@@ -182,7 +184,7 @@ void ThreeJudgeScreen::Reset_Dance_Names()
     for (int n = 1; n <= 4; ++n)
         Set_Dance_Caption(n, Dance_Names[n - 1]);
     try {
-        ::Reset_Dance_Names(conn(), Current_Competition_Id, Current_Group_Id);
+        ThreeJudge::Reset_Dance_Names(conn(), Current_Competition_Id, Current_Group_Id);
     } catch (const AppError &e) {
         Show_Unhandled_Fault(e.message());
         return;

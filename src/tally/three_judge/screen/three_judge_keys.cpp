@@ -9,6 +9,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+using namespace ThreeJudge;
+
 namespace {
 
 bool Is_Enter(const QKeyEvent *e)

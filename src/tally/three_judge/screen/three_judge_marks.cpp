@@ -19,6 +19,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+using namespace ThreeJudge;
+
 namespace {
 
 const QListWidgetItem *Selected(const QListWidget *list)
@@ -59,7 +61,7 @@ void Fill_Result_Grid(FlexGrid *grid, const QStringList &headers, const QList<in
 
 } // namespace
 
-Mark_Rules &ThreeJudgeScreen::Marks()
+ThreeJudge::Mark_Rules &ThreeJudgeScreen::Marks()
 {
     return static_cast<Mark_Rules &>(rules());
 }
@@ -138,7 +140,7 @@ void ThreeJudgeScreen::Clear_Mark_Grid()
 
 void ThreeJudgeScreen::Load_Dance_Judges()
 {
-    const auto names = ::Load_Dance_Judges(conn(), Current_Competition_Id, Current_Group_Id, Current_Dance_Id);
+    const auto names = ThreeJudge::Load_Dance_Judges(conn(), Current_Competition_Id, Current_Group_Id, Current_Dance_Id);
     for (int n = 1; n <= 3; ++n)
         if (names[n - 1])
             Set_Cell(0, First_Judge_Column - 1 + n, *names[n - 1]);

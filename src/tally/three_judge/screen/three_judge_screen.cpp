@@ -18,6 +18,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace ThreeJudge;
+
 namespace {
 
 QPushButton *Button(QWidget *parent, const QString &name, const QString &caption, const QString &tip = QString())
@@ -336,7 +338,7 @@ void ThreeJudgeScreen::Connect_Controls()
 
 void ThreeJudgeScreen::Load_Events()
 {
-    m_events = ::Load_Events(conn(), Current_Competition_Id, m_kind.category);
+    m_events = ThreeJudge::Load_Events(conn(), Current_Competition_Id, m_kind.category);
     const QSignalBlocker quiet(LstGroup);
     LstGroup->clear();
     for (const Event_Entry &e : m_events)
@@ -346,7 +348,7 @@ void ThreeJudgeScreen::Load_Events()
 
 void ThreeJudgeScreen::Load_Judge_Lists()
 {
-    const QList<Judge_Entry> judges = ::Load_Judge_Lists(conn(), Current_Competition_Id, Opt_Judges_Order);
+    const QList<Judge_Entry> judges = ThreeJudge::Load_Judge_Lists(conn(), Current_Competition_Id, Opt_Judges_Order);
     for (QListWidget *list : LstJudge) {
         const QSignalBlocker quiet(list);
         list->clear();

@@ -6,7 +6,9 @@
 #include <array>
 
 class FlexGrid;
+namespace ThreeJudge {
 class Mark_Rules;
+}
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -141,10 +143,10 @@ private:
     bool Ask_And_Save();
     void Write_Compare_After_Save();
     int Filter_Value() const;
-    Mark_Rules &Marks();
+    ThreeJudge::Mark_Rules &Marks();
 
     const Three_Judge_Kind &m_kind;
-    QList<Event_Entry> m_events;
+    QList<ThreeJudge::Event_Entry> m_events;
     QString m_eventName;
     bool m_noDancersLive = true;
     bool m_loadingEvent = false;

@@ -2,6 +2,8 @@
 #include "three_judge_kind.h"
 #include "core/db.h"
 
+namespace ThreeJudge {
+
 namespace {
 
 QString Num(int v)
@@ -255,3 +257,5 @@ void Write_Random_Draw(Connection &conn, short comp, const QString &group, const
                          + Event_Where(comp, group) + " AND dance_id = " + Num(n) + " AND competitor_id = " + dancer);
         }
 }
+
+} // namespace ThreeJudge

@@ -7,6 +7,8 @@
 
 class Connection;
 
+namespace ThreeJudge {
+
 // What the Premiership and Championship mark screens read and write about an
 // event, apart from the marks themselves and the tallies. Every function works
 // on the screen's connection with the competition and event code passed in.
@@ -84,3 +86,5 @@ QList<QStringList> Dance_Result_Rows(Connection &conn, short comp, const QString
 // grid in grid order; numbers must hold 4 x dancers entries.
 void Write_Random_Draw(Connection &conn, short comp, const QString &group, const QStringList &dancers,
                        const QList<int> &numbers);
+
+} // namespace ThreeJudge
