@@ -3,10 +3,8 @@
 #include "core/db.h"
 #include "tally/competition/screen/dance_settings.h"
 #include "tally/competition/screen/entries_sync.h"
-#include "tally/competition/screen/event_queries.h"
 #include "tally/competition/screen/mark_rules.h"
 #include "tally/competition/screen/mark_values.h"
-#include "tally/competition/screen/result_rows.h"
 
 #include <QtTest>
 
@@ -35,67 +33,18 @@ Grid_Cells Grid_Of(const RecordSet &rs, const QStringList &marks)
     return cells;
 }
 
-QStringList Texts(const QList<QStringList> &rows)
-{
-    QStringList out;
-    for (const QStringList &r : rows)
-        out << r.join('|');
-    return out;
-}
-
 } // namespace
 
 class TestCompScreenLogic : public QObject
 {
     Q_OBJECT
 private slots:
-    void events_dances_and_judges_of_the_screen();
     void sync_adds_rows_and_drops_withdrawn_dancers();
     void small_events_and_dances_count_for_no_trophy();
     void marks_are_checked_as_the_grid_accepts_them();
     void mark_rules_write_fractions_and_nulls_and_stop_at_a_refused_row();
     void registered_filter_hides_rows_without_touching_their_marks();
-    void result_rows_show_place_and_tie();
-    void dance_judge_and_trophy_flag();
 };
-
-void TestCompScreenLogic::events_dances_and_judges_of_the_screen()
-{
-    TestDataFolder env;
-    Connection c;
-    c.open();
-    const short comp = Fixture::Competition(c);
-    Fixture::Event(c, comp, "B", "Beginners 7 & Under", "PRI");
-    Fixture::Event(c, comp, "A", "Novice 8-10", "H");
-    Fixture::Event(c, comp, "CH", "Adult Championship", "C");
-    Fixture::Event(c, comp, "PS", "Premiership 12+", "PS");
-    c.execute("UPDATE age_groups SET orderby = 2 WHERE competition_group_id = 'B'");
-    c.execute("UPDATE age_groups SET orderby = 1, dancer_order = 'D' WHERE competition_group_id = 'A'");
-
-    const QList<Event_Entry> events = Competition_Events(c, comp);
-    QCOMPARE(events.size(), 2);
-    QCOMPARE(events[0].code, QString("A"));
-    QCOMPARE(events[0].name, QString("Novice 8-10"));
-    QCOMPARE(events[1].category, QString("PRI"));
-
-    // Running order of the category, not dance number.
-    QList<Dance_Entry> dances = Event_Dances(c, comp, "PRI");
-    QStringList names;
-    for (const Dance_Entry &d : dances)
-        names << QString::number(d.id) + " " + d.name;
-    QCOMPARE(names, QStringList({"6 Pas de Basque", "7 Pas de Basque and High Cuts", "1 Fling", "2 Swords"}));
-
-    const Event_Settings a = Read_Event_Settings(c, comp, "A");
-    QCOMPARE(a.dancerOrderSql, QString("DESC"));
-    QCOMPARE(a.noPrizes, short(6));
-    QCOMPARE(Read_Event_Settings(c, comp, "B").dancerOrderSql, QString("ASC"));
-
-    Fixture::Judge(c, comp, "Morag", "Stewart");
-    Fixture::Judge(c, comp, "Alan", "Boyd");
-    const QList<Judge_Entry> judges = Competition_Judges(c, comp);
-    QCOMPARE(judges.size(), 2);
-    QCOMPARE(judges[0].name, QString("Alan Boyd"));
-}
 
 void TestCompScreenLogic::sync_adds_rows_and_drops_withdrawn_dancers()
 {
@@ -284,59 +233,6 @@ void TestCompScreenLogic::registered_filter_hides_rows_without_touching_their_ma
     QCOMPARE(Marks_Of(c, comp, "A", 2), QString("1:81"));
     QCOMPARE(Marks_Of(c, comp, "A", 3), QString("1:70"));
     QCOMPARE(Marks_Of(c, comp, "A", 4), QString("1:"));
-}
-
-void TestCompScreenLogic::result_rows_show_place_and_tie()
-{
-    TestDataFolder env;
-    Connection c;
-    c.open();
-    const short comp = Fixture::Competition(c);
-    Fixture::Event(c, comp, "A", "Novice", "H");
-    Fixture::Competitor(c, comp, 3, "Ailsa", "Grant", {"A"});
-    Fixture::Competitor(c, comp, 9, "Beth", "Munro", {"A"});
-    Fixture::Competitor(c, comp, 4, "Cara", "Fraser", {"A"});
-    c.execute("UPDATE competitors SET surname = NULL WHERE competitor_id = 4");
-    for (const char *row : {"9, 91, 2, ''", "3, 137, 1, '='", "4, 137, 1, '='"})
-        c.execute(QString("INSERT INTO overall_results(competition_id, group_id, competitor_id, points, placing, tie) "
-                          "VALUES(%1, 'A', %2)").arg(comp).arg(row));
-    c.execute(QString("INSERT INTO overall_dance_results(competition_id, group_id, dance_id, competitor_id, points, "
-                      "placing, tie) VALUES(%1, 'A', 2, 9, 137, 1, '')").arg(comp));
-    c.execute(QString("INSERT INTO overall_dance_results(competition_id, group_id, dance_id, competitor_id, points, "
-                      "placing, tie) VALUES(%1, 'A', 1, 3, 137, 1, '')").arg(comp));
-
-    const QStringList overall = Texts(Event_Result_Rows(c, comp, "A", "overall_results"));
-    QCOMPARE(overall.size(), 3);
-    QVERIFY(overall.contains("3|1=|Ailsa Grant"));
-    QVERIFY(overall.contains("4|1=|Cara "));
-    QCOMPARE(overall.last(), QString("9|2|Beth Munro"));
-    QCOMPARE(Texts(Dance_Result_Rows(c, comp, "A", 2)), QStringList({"9|1|Beth Munro"}));
-    QVERIFY(Event_Result_Rows(c, comp, "A", "highland_results").isEmpty());
-}
-
-void TestCompScreenLogic::dance_judge_and_trophy_flag()
-{
-    TestDataFolder env;
-    Connection c;
-    c.open();
-    const short comp = Fixture::Competition(c);
-    const int morag = Fixture::Judge(c, comp, "Morag", "Stewart");
-    const int alan = Fixture::Judge(c, comp, "Alan", "Boyd");
-    QCOMPARE(Dance_Judge_Name(c, comp, "A", 1), QString());
-    Set_Dance_Judge(c, comp, "A", 1, 0, morag);
-    Set_Dance_Judge(c, comp, "A", 1, 0, alan);
-    Set_Dance_Judge(c, comp, "A", 2, 0, morag);
-    QCOMPARE(Fixture::Count(c, "judges_results_judges"), 2);
-    QCOMPARE(Dance_Judge_Name(c, comp, "A", 1), QString("Alan Boyd"));
-    QCOMPARE(Dance_Judge_Name(c, comp, "a", 2), QString("Morag Stewart"));
-    QCOMPARE(Judge_Name(c, morag), QString("Morag Stewart"));
-
-    Set_No_Dancers(c, comp, "A", 1, 0);
-    Set_No_Dancers(c, comp, "A", 1, 0);
-    QVERIFY(Has_No_Dancers_Flag(c, comp, "A", 1));
-    Set_No_Dancers(c, comp, "A", 1, 1);
-    QVERIFY(!Has_No_Dancers_Flag(c, comp, "A", 1));
-    QCOMPARE(Dance_Name(c, 3), QString("Seann Truibhas"));
 }
 
 QTEST_GUILESS_MAIN(TestCompScreenLogic)

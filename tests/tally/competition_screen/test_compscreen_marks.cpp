@@ -34,6 +34,8 @@ short Build_Event(Connection &c, int dancers = 8)
     const short comp = Fixture::Competition(c, "Braemar Juniors", "05/09/2026");
     Fixture::Event(c, comp, "J", "Juvenile 10-12", "PRI", 6, "Y");
     Fixture::Event(c, comp, "N", "Novice 8-10", "H");
+    Fixture::Event(c, comp, "C", "Junior Championship", "C");
+    Fixture::Event(c, comp, "P", "Premiership 12+", "PS");
     for (int i = 0; i < dancers; ++i)
         Fixture::Competitor(c, comp, Dancers[i].number, Dancers[i].forename, Dancers[i].surname, {"J"});
     Current_Competition_Id = comp;
@@ -92,6 +94,8 @@ void TestCompScreenMarks::marks_typed_for_four_dances_give_placings_ties_and_ove
     QCOMPARE(s.windowTitle(), QString("Braemar Juniors - Tallier Competition"));
     QVERIFY(!Button(s, "Cmd1")->isVisible());
     QVERIFY(!Button(s, "CmdTally")->isEnabled());
+    // Championship and Premiership events have screens of their own.
+    QCOMPARE(List(s, "LstGroup")->count(), 2);
     Pick(List(s, "LstGroup"), "Juvenile 10-12");
 
     // Buttons named and ordered by the category, the rest hidden.
