@@ -19,8 +19,6 @@ private slots:
     void cleanup();
     void plain_search_orders();
     void text_and_number_filters();
-    void age_filters();
-    void registered_filter_survives_all();
     void event_and_winners_statements();
     void search_rows_save_through_their_alias();
     void number_with_event_is_refused_by_the_store();
@@ -112,32 +110,6 @@ void TestSearch::text_and_number_filters()
     // Texts are not escaped: a quote breaks the statement.
     s.teacher = "O'Neil";
     QVERIFY_THROWS_EXCEPTION(DbError, numbers(s));
-}
-
-void TestSearch::age_filters()
-{
-    Competitor_Search s;
-    s.ageFrom = "8";
-    QCOMPARE(numbers(s), QList<int>({2}));   // From alone: exactly that age
-    s.ageTo = "9";
-    QCOMPARE(numbers(s), QList<int>({3, 2}));
-    s.ageFrom.clear();
-    QCOMPARE(numbers(s), QList<int>({4, 3, 2, 1}));   // To alone: every age
-}
-
-void TestSearch::registered_filter_survives_all()
-{
-    Competitor_Search s;
-    s.registeredFilter = Registered_Filter(Reg_Registered, s.registeredFilter);
-    QCOMPARE(numbers(s), QList<int>({4, 1}));
-    s.registeredFilter = Registered_Filter(Reg_All, s.registeredFilter);
-    QCOMPARE(numbers(s), QList<int>({4, 1}));   // "All" keeps the earlier choice
-    s.registeredFilter = Registered_Filter(Reg_Not_Registered, s.registeredFilter);
-    QCOMPARE(numbers(s), QList<int>({2}));
-    s.registeredFilter = Registered_Filter(Reg_No_Card, s.registeredFilter);
-    QCOMPARE(numbers(s), QList<int>({3}));
-    // A reset panel starts with no filter.
-    QCOMPARE(numbers(Competitor_Search{}).size(), 4);
 }
 
 void TestSearch::event_and_winners_statements()
