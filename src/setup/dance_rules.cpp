@@ -18,7 +18,8 @@ DanceRules::DanceRules()
 
 QString DanceRules::Select_Sql() const
 {
-    return QStringLiteral("Select dance_id, dance FROM dances ORDER BY 1");
+    // By name of column: the record set's hidden key comes first.
+    return QStringLiteral("Select dance_id, dance FROM dances ORDER BY dance_id");
 }
 
 QList<QStringList> DanceRules::Captions(bool) const

@@ -17,6 +17,8 @@ frmgroups::frmgroups(QWidget *parent)
 {
     frmCat = new QGroupBox(QStringLiteral("Categories"), this);
     frmCat->setObjectName(QStringLiteral("frmCat"));
+    // It floats over the grid: paint its own background.
+    frmCat->setAutoFillBackground(true);
     LstCatLookup = new QListWidget(frmCat);
     LstCatLookup->setObjectName(QStringLiteral("LstCatLookup"));
     (new QVBoxLayout(frmCat))->addWidget(LstCatLookup);

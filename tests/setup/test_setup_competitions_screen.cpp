@@ -117,8 +117,12 @@ void TestCompetitionsScreen::name_and_date_are_required()
     Connection c;
     c.open();
     Fixture::Competition(c, "Lonach", "22/8");
+    Fixture::Competition(c, "Cowal", "27/8");
+    Fixture::Competition(c, "Aboyne", "1/8");
     FrmEvents *f = open();
     Driver d(f);
+    // Listed by name.
+    QCOMPARE(f->Cell(1, 1) + "," + f->Cell(2, 1) + "," + f->Cell(3, 1), QString("Aboyne,Cowal,Lonach"));
     for (int col : {1, 2}) {
         Dialogs::clearRecords();
         d.enter(1, col, "");
