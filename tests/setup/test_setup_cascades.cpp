@@ -2,7 +2,6 @@
 #include "setup/category_logic.h"
 #include "setup/competition_logic.h"
 #include "setup/event_logic.h"
-#include "setup/judge_logic.h"
 #include "support/test_env.h"
 
 #include "core/globals.h"
@@ -21,7 +20,6 @@ private slots:
     void competition_delete_without_trophies();
     void event_delete_leaves_the_event_and_other_codes();
     void dance_delete_across_competitions();
-    void judge_delete_keeps_the_marks();
 };
 
 static QString where(short comp)
@@ -216,30 +214,6 @@ void TestSetupCascades::dance_delete_across_competitions()
 
     Delete_Dance_Dependents(c, "");  // a row never saved
     QCOMPARE(Count(c, "category_dances", "dance_id = 1"), 2 * 4);
-}
-
-void TestSetupCascades::judge_delete_keeps_the_marks()
-{
-    TestDataFolder env;
-    Connection c;
-    c.open();
-    const short a = Fixture::Competition(c);
-    Insert_Judge(c, a, "Mary", "O'Hara");
-    QCOMPARE(c.scalar("SELECT surname FROM judges").toString(), QString("O'Hara"));
-    const int mary = c.scalar("SELECT judge_id FROM judges").toInt();
-    const int john = Fixture::Judge(c, a, "John", "Smith");
-    Fill_Event_Rows(c, a, "1A", 1, mary);
-    Fill_Event_Rows(c, a, "1A", 2, john);
-
-    Delete_Judge_Dependents(c, a, QString::number(mary));
-    QCOMPARE(Count(c, "judges_results_judges", QString("judge_id=%1").arg(mary)), 0);
-    QCOMPARE(Count(c, "judges_results_judges", QString("judge_id=%1").arg(john)), 1);
-    QCOMPARE(Count(c, "judges_results"), 2);
-    QCOMPARE(Count(c, "comp_judges_results"), 2);
-    QCOMPARE(Count(c, "judges"), 2);
-
-    Delete_Judge_Dependents(c, a, "");
-    QCOMPARE(Count(c, "judges_results_judges"), 1);
 }
 
 QTEST_GUILESS_MAIN(TestSetupCascades)

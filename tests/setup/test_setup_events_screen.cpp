@@ -140,19 +140,14 @@ void TestEventsScreen::cell_messages()
         const char *title;
         int style;
     };
+    // Every message's words are checked on the rules; here the screen's way of showing them.
     const Case cases[] = {
         {1, "", "All fields are required! If you wish to delete this record, enter a value first", "validation Error", vbExclamation},
-        {3, "DNC1", "You must select an existing category. 'H' and 'C' are valid or use 'F2' for list", "Validation Error", vbExclamation},
         {4, "0", "Value must be greater than 1!", "Validation Error", vbExclamation},
         {4, "six", "Invalid Number! Re-enter or Hit <Escape> to exit", "Validation Error", vbExclamation},
-        {5, "X", "Split Highland/ National Award must be set to Y or N", "Validation Error", vbExclamation},
-        {6, "", "Split Ages must be set to Y or N", "Validation Error", vbExclamation},
-        {8, "Z", "Open/ Closed must be set to O or C. Only for championships!", "Validation Error", vbExclamation},
         {9, "7", "Number Overall Prizes must be between 1 and 6", "Validation Error", vbExclamation},
         {9, "", "Invalid Number! Re-enter or Hit <Escape> to exit", "Validation Error", vbExclamation},
-        {10, "B", "Dancer Order must be set to A (Ascending) or D (Descending)!", "Validation Error", vbExclamation},
         {11, "1.5", "Group Order must be a numberic value", "Strathmark 2017", vbOKOnly},
-        {12, "", "Include Trophy Fling in Group Trophy must be Y or N", "Validation Error", vbExclamation},
     };
     for (const Case &k : cases) {
         Dialogs::clearRecords();
