@@ -291,10 +291,81 @@ void RecordSet::open(Connection &conn, const QString &table, const QString &sele
     requery();
 }
 
+namespace {
+
+// Where the first FROM outside brackets and quotes starts, or -1.
+int topLevelFrom(const QString &sql)
+{
+    int depth = 0;
+    QChar quote;
+    for (int i = 0; i < sql.size(); ++i) {
+        const QChar c = sql.at(i);
+        if (!quote.isNull()) {
+            if (c == quote)
+                quote = QChar();
+            continue;
+        }
+        if (c == QLatin1Char('\'') || c == QLatin1Char('"')) {
+            quote = c;
+        } else if (c == QLatin1Char('(')) {
+            ++depth;
+        } else if (c == QLatin1Char(')')) {
+            --depth;
+        } else if (depth == 0 && sql.mid(i, 4).compare(QLatin1String("FROM"), Qt::CaseInsensitive) == 0
+                   && (i == 0 || !sql.at(i - 1).isLetterOrNumber()) && (i + 4 >= sql.size() || !sql.at(i + 4).isLetterOrNumber())) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+// The name the table goes by in the statement: its alias when it has one.
+QString tableQualifier(const QString &sql, int from, const QString &table)
+{
+    static const QStringList notAlias = {"WHERE", "ORDER", "GROUP", "INNER", "LEFT", "JOIN", "CROSS", "ON", "HAVING", "LIMIT"};
+    // Only the statement's own FROM list counts, not what stands in brackets.
+    QString outer;
+    int depth = 0;
+    for (const QChar c : sql.mid(from + 4)) {
+        if (c == QLatin1Char('('))
+            ++depth;
+        if (depth == 0)
+            outer += c;
+        else if (depth == 1 && c == QLatin1Char('('))
+            outer += QLatin1String(" (sub) ");
+        if (c == QLatin1Char(')'))
+            --depth;
+    }
+    const QStringList words = outer.simplified().split(QLatin1Char(' '));
+    for (int i = 0; i < words.size(); ++i) {
+        QString w = words.at(i);
+        w.remove(QLatin1Char('(')).remove(QLatin1Char(')'));
+        if (w.compare(table, Qt::CaseInsensitive) != 0)
+            continue;
+        int next = i + 1;
+        if (next < words.size() && words.at(next).compare(QLatin1String("AS"), Qt::CaseInsensitive) == 0)
+            ++next;
+        if (next < words.size()) {
+            QString alias = words.at(next);
+            alias.remove(QLatin1Char(')')).remove(QLatin1Char(','));
+            if (!alias.isEmpty() && alias.at(0).isLetter() && !notAlias.contains(alias.toUpper()))
+                return alias;
+        }
+        break;
+    }
+    return table;
+}
+
+} // namespace
+
 void RecordSet::requery()
 {
-    const QString withKey = QStringLiteral("SELECT ") + m_table + QStringLiteral(".rowid AS __rowid__, ")
-                            + m_select.mid(7);
+    // The key goes last, so that ORDER BY by column number keeps its meaning.
+    const int from = topLevelFrom(m_select);
+    if (from < 0)
+        throw DbError(QStringLiteral("A row set needs a SELECT statement with FROM"));
+    const QString withKey = m_select.left(from).trimmed() + QStringLiteral(", ") + tableQualifier(m_select, from, m_table)
+                            + QStringLiteral(".rowid AS __rowid__ ") + m_select.mid(from);
     m_rows = m_conn->query(withKey);
     m_changed.assign(m_rows.rowCount(), std::vector<bool>(m_rows.fieldCount(), false));
     m_original = m_rows.m_rows;
@@ -311,7 +382,7 @@ void RecordSet::close()
 int RecordSet::fieldIndex(const QString &name) const
 {
     const int i = m_rows.fieldIndex(name);
-    return i <= 0 ? -1 : i - 1;
+    return i >= fieldCount() ? -1 : i;
 }
 
 QVariant RecordSet::value(int row, const QString &name) const
@@ -326,8 +397,8 @@ void RecordSet::setValue(int row, int field, const QVariant &v)
 {
     if (row < 0 || row >= rowCount() || field < 0 || field >= fieldCount())
         throw DbError(QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current record."));
-    m_rows.m_rows[row][field + 1] = v;
-    m_changed[row][field + 1] = true;
+    m_rows.m_rows[row][field] = v;
+    m_changed[row][field] = true;
 }
 
 void RecordSet::setValue(int row, const QString &name, const QVariant &v)
@@ -352,7 +423,7 @@ void RecordSet::update(int row)
         return;
     QStringList sets;
     QVariantList params;
-    for (int f = 1; f < m_rows.fieldCount(); ++f) {
+    for (int f = 0; f < fieldCount(); ++f) {
         if (!m_changed[row][f])
             continue;
         sets << m_rows.fieldName(f) + QStringLiteral(" = ?");
@@ -382,7 +453,7 @@ void RecordSet::remove(int row)
 
 qint64 RecordSet::rowId(int row) const
 {
-    return m_rows.value(row, 0).toLongLong();
+    return m_rows.value(row, fieldCount()).toLongLong();
 }
 
 short To_Int16(qint64 v)

@@ -106,7 +106,8 @@ class RecordSet
 {
 public:
     RecordSet() = default;
-    // select must be "SELECT <fields> FROM <table> ..." over that one table.
+    // select must be "SELECT <fields> FROM <table> ...": the rows written back
+    // are the table's, found by its rowid (under the table's alias if it has one).
     void open(Connection &conn, const QString &table, const QString &select);
     void requery();
     bool isOpen() const { return m_conn != nullptr; }
@@ -114,10 +115,10 @@ public:
 
     int rowCount() const { return m_rows.rowCount(); }
     int fieldCount() const { return m_rows.fieldCount() - 1; }
-    QString fieldName(int field) const { return m_rows.fieldName(field + 1); }
+    QString fieldName(int field) const { return m_rows.fieldName(field); }
     int fieldIndex(const QString &name) const;
 
-    QVariant value(int row, int field) const { return m_rows.value(row, field + 1); }
+    QVariant value(int row, int field) const { return m_rows.value(row, field); }
     QVariant value(int row, const QString &name) const;
     void setValue(int row, int field, const QVariant &v);
     void setValue(int row, const QString &name, const QVariant &v);
@@ -133,7 +134,7 @@ private:
     Connection *m_conn = nullptr;
     QString m_table;
     QString m_select;
-    RowSet m_rows;                       // field 0 is the rowid
+    RowSet m_rows;                       // the last field is the rowid
     std::vector<std::vector<bool>> m_changed;
     std::vector<QVariantList> m_original;
 };

@@ -190,6 +190,21 @@ void TestDatabase::record_set_writes_back_by_rowid()
     rs.remove(0);
     QCOMPARE(rs.rowCount(), 1);
     QCOMPARE(c.scalar("SELECT count(*) FROM competitors").toInt(), 1);
+
+    // Ordering by column number, an alias, a sub-select: the key stays out of the way.
+    c.execute("INSERT INTO competitors(competition_id, competitor_id, forename, surname) VALUES(1, 3, 'Zoe', 'Aird')");
+    RecordSet byName;
+    byName.open(c, "competitors", "SELECT competitor_id, surname FROM competitors AS k WHERE k.competition_id = 1 ORDER BY 2");
+    QCOMPARE(byName.value(0, "surname").toString(), QString("Aird"));
+    byName.setValue(0, "surname", "Airdrie");
+    byName.update(0);
+    QCOMPARE(c.scalar("SELECT surname FROM competitors WHERE competitor_id = 3").toString(), QString("Airdrie"));
+    RecordSet wrapped;
+    wrapped.open(c, "competitors", "SELECT competitor_id FROM (SELECT k.competitor_id, k.rowid AS rowid FROM competitors AS k) AS competitors ORDER BY 1 DESC");
+    QCOMPARE(wrapped.value(0, 0).toInt(), 8);
+    wrapped.setValue(1, 0, 4);
+    wrapped.update(1);
+    QCOMPARE(c.scalar("SELECT surname FROM competitors WHERE competitor_id = 4").toString(), QString("Airdrie"));
 }
 
 void TestDatabase::transaction_commits_what_ran_before_a_fault()
