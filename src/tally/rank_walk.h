@@ -1,7 +1,10 @@
 #pragma once
+#include "core/db.h"
 #include "core/errors.h"
 
+#include <array>
 #include <limits>
+#include <vector>
 
 // The placing of a list sorted best first on one number: equal values share a
 // place and the next value skips the places they took (95, 95, 90 place 1, 1,
@@ -65,3 +68,48 @@ private:
     int m_count = 0;
     int m_slot = -1;
 };
+
+// What every placed row holds; each tally adds its own fields.
+struct Ranked_Entry
+{
+    bool held = false;
+    short competitor = 0;
+    short place = 0;
+    short points = 0;
+};
+
+// Places rs, sorted best first on field, through walk. Each row held gets its
+// competitor_id and place, then fill(entry) adds the rest with rs still on that
+// row. An Entry with a tie and a Tie_Mark gets the mark, and so does the row
+// before it, when the row ties with that row. Returns the held rows in order;
+// a fault of the walk comes before anything is written.
+template <typename Entry, typename Fill>
+std::vector<Entry> Rank_Rows(RowSet &rs, const QString &field, Rank_Walk walk, Fill fill)
+{
+    std::array<Entry, Rank_Walk::Slots> entries;
+    for (; !rs.eof(); rs.next()) {
+        const Rank_Walk::Outcome outcome = walk.take(rs.toDouble(field));
+        if (outcome == Rank_Walk::Stopped)
+            break;
+        if (outcome == Rank_Walk::Skipped)
+            continue;
+        Entry &e = entries[static_cast<size_t>(walk.slot())];
+        e.held = true;
+        e.competitor = rs.toShort(QStringLiteral("competitor_id"));
+        e.place = walk.place();
+        fill(e);
+        if constexpr (requires { Entry::Tie_Mark; }) {
+            if (outcome == Rank_Walk::Same_Place) {
+                e.tie = Entry::Tie_Mark;
+                if (walk.slot() > 0)
+                    entries[static_cast<size_t>(walk.slot() - 1)].tie = Entry::Tie_Mark;
+            }
+        }
+    }
+    std::vector<Entry> held;
+    for (int i = 0; i < walk.count(); ++i) {
+        if (entries[static_cast<size_t>(i)].held)
+            held.push_back(entries[static_cast<size_t>(i)]);
+    }
+    return held;
+}

@@ -6,17 +6,12 @@
 #include "tally/place_table.h"
 #include "tally/rank_walk.h"
 
-#include <array>
-
 namespace {
 
-struct Entry
+struct Entry : Ranked_Entry
 {
-    bool held = false;
-    short competitor = 0;
-    short points = 0;
+    static inline const QString Tie_Mark = QStringLiteral("=");
     short dancePoints = 0;
-    short place = 0;
     QString tie;
 };
 
@@ -24,37 +19,19 @@ struct Entry
 void Overall_Pass(Connection &conn, const QString &sumSql, const QString &table, short noOverallPrizes)
 {
     RowSet rs = conn.query(sumSql);
-    std::array<Entry, Rank_Walk::Slots> entries;
-    Rank_Walk walk(10000.0, noOverallPrizes);
-    for (; !rs.eof(); rs.next()) {
-        const Rank_Walk::Outcome outcome = walk.take(rs.toDouble(QStringLiteral("points")));
-        if (outcome == Rank_Walk::Stopped)
-            break;
-        if (outcome == Rank_Walk::Skipped)
-            continue;
-        Entry &e = entries[static_cast<size_t>(walk.slot())];
-        e.held = true;
-        e.competitor = rs.toShort(QStringLiteral("competitor_id"));
-        e.place = walk.place();
+    const auto fill = [&rs](Entry &e) {
         // No place test here: a seventh place reads the empty slot, an eighth is a fault.
         e.points = Place_Points(e.place);
         e.dancePoints = To_Int16(rs.value(QStringLiteral("points")));
-        if (outcome == Rank_Walk::Same_Place) {
-            e.tie = QStringLiteral("=");
-            if (walk.slot() > 0)
-                entries[static_cast<size_t>(walk.slot() - 1)].tie = QStringLiteral("=");
-        }
-    }
+    };
+    const auto placed = Rank_Rows<Entry>(rs, QStringLiteral("points"), Rank_Walk(10000.0, noOverallPrizes), fill);
 
     const QString head = QStringLiteral("INSERT INTO ") + table
                          + QStringLiteral("(competition_id, group_id, competitor_id, points, dance_points, placing, tie) "
                                           "VALUES (")
                          + QString::number(Current_Competition_Id) + QStringLiteral(",'") + Current_Group_Id
                          + QStringLiteral("',");
-    for (int i = 0; i < walk.count(); ++i) {
-        const Entry &e = entries[static_cast<size_t>(i)];
-        if (!e.held)
-            continue;
+    for (const Entry &e : placed) {
         conn.execute(head + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)
                      + QStringLiteral(", ") + QString::number(e.dancePoints) + QStringLiteral(", ")
                      + QString::number(e.place) + QStringLiteral(", '") + e.tie + QStringLiteral("')"));

@@ -7,19 +7,15 @@
 #include "tally/place_table.h"
 #include "tally/rank_walk.h"
 
-#include <array>
-
 namespace {
 
-struct Entry
+struct Entry : Ranked_Entry
 {
-    bool held = false;
-    short competitor = 0;
-    short points = 0;
+    // Written to the tied column, which the tie-break reads.
+    static constexpr short Tie_Mark = 1;
     short dancePoints = 0;
     short total = 0;
-    short place = 0;
-    short tied = 0;
+    short tie = 0;
 };
 
 // A deliberate pause of just over a second, so that the operator sees the
@@ -53,38 +49,19 @@ void Tally_Overall(Connection &conn, const Tally_Progress &progress)
                                           "competitor_id FROM overall_dance_results")
                            + event + QStringLiteral(" AND total_dance_points IS NOT NULL GROUP BY competitor_id "
                                                     "ORDER BY 1 DESC"));
-    std::array<Entry, Rank_Walk::Slots> entries;
-    Rank_Walk walk(1000.0, 6);
-    for (; !rs.eof(); rs.next()) {
-        const Rank_Walk::Outcome outcome = walk.take(rs.toDouble(QStringLiteral("points")));
-        if (outcome == Rank_Walk::Stopped)
-            break;
-        if (outcome == Rank_Walk::Skipped)
-            continue;
-        Entry &e = entries[static_cast<size_t>(walk.slot())];
-        e.held = true;
-        e.competitor = rs.toShort(QStringLiteral("competitor_id"));
-        e.place = walk.place();
+    const auto placed = Rank_Rows<Entry>(rs, QStringLiteral("points"), Rank_Walk(1000.0, 6), [&rs](Entry &e) {
         e.points = Place_Points(e.place);
         e.dancePoints = To_Int16(rs.value(QStringLiteral("points")));
         e.total = To_Int16(rs.value(QStringLiteral("tot_points")));
-        if (outcome == Rank_Walk::Same_Place) {
-            e.tied = 1;
-            if (walk.slot() > 0)
-                entries[static_cast<size_t>(walk.slot() - 1)].tied = 1;
-        }
-    }
+    });
     const QString head = QStringLiteral("INSERT INTO highland_results(competition_id, group_id, competitor_id, points, "
                                         "dance_points, total_dance_points, placing, tied) VALUES (")
                          + id + QStringLiteral(",'") + Current_Group_Id + QStringLiteral("',");
-    for (int i = 0; i < walk.count(); ++i) {
-        const Entry &e = entries[static_cast<size_t>(i)];
-        if (e.held)
-            conn.execute(head + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)
-                         + QStringLiteral(", ") + QString::number(e.dancePoints) + QStringLiteral(", ")
-                         + QString::number(e.total) + QStringLiteral(", ") + QString::number(e.place)
-                         + QStringLiteral(", ") + QString::number(e.tied) + QLatin1Char(')'));
-    }
+    for (const Entry &e : placed)
+        conn.execute(head + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)
+                     + QStringLiteral(", ") + QString::number(e.dancePoints) + QStringLiteral(", ")
+                     + QString::number(e.total) + QStringLiteral(", ") + QString::number(e.place)
+                     + QStringLiteral(", ") + QString::number(e.tie) + QLatin1Char(')'));
 
     Break_Ties(conn);
 
