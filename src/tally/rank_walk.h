@@ -1,4 +1,5 @@
 #pragma once
+#include <algorithm>
 #include "core/db.h"
 #include "core/errors.h"
 
@@ -107,7 +108,9 @@ std::vector<Entry> Rank_Rows(RowSet &rs, const QString &field, Rank_Walk walk, F
         }
     }
     std::vector<Entry> held;
-    for (int i = 0; i < walk.count(); ++i) {
+    // Skipped rows count without a slot: never read past the last slot.
+    const int used = std::min(walk.count(), int(Rank_Walk::Slots));
+    for (int i = 0; i < used; ++i) {
         if (entries[static_cast<size_t>(i)].held)
             held.push_back(entries[static_cast<size_t>(i)]);
     }
