@@ -23,8 +23,6 @@ CompetitionRules::CompetitionRules()
 
 QString CompetitionRules::Select_Sql() const
 {
-    // By name: the record set puts its hidden key in front of the fields, so an
-    // order by column number would count it.
     return QStringLiteral("Select competition_id, competition_name, competition_date, competition_organiser, "
                           "organiser_role, competition_venue, competition_town, address, registration_id, "
                           "registration_email, registration_key FROM competitions ORDER BY competition_name");

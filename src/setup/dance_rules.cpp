@@ -18,7 +18,6 @@ DanceRules::DanceRules()
 
 QString DanceRules::Select_Sql() const
 {
-    // By name of column: the record set's hidden key comes first.
     return QStringLiteral("Select dance_id, dance FROM dances ORDER BY dance_id");
 }
 
