@@ -1,6 +1,5 @@
 #include "competitor_columns.h"
 
-#include <QRegularExpression>
 
 const QStringList &Competitor_Fields()
 {
@@ -36,25 +35,3 @@ QString Competitor_Statement(short competitionId)
            + QString::number(competitionId);
 }
 
-QString Competitors_Alias(const QString &statement)
-{
-    static const QRegularExpression re(
-        QStringLiteral("\\bcompetitors\\s+(?:as\\s+)?(?!where\\b|order\\b|inner\\b|left\\b|join\\b)([a-z_]\\w*)"),
-        QRegularExpression::CaseInsensitiveOption);
-    const auto m = re.match(statement);
-    return m.hasMatch() ? m.captured(1) : QStringLiteral("competitors");
-}
-
-QString Row_Set_Statement(const QString &statement)
-{
-    static const QRegularExpression from(QStringLiteral("\\sfrom\\s"), QRegularExpression::CaseInsensitiveOption);
-    const qsizetype at = statement.indexOf(from);
-    if (at < 0)
-        return statement;
-    // The rowid goes last, so that an order by column number still counts
-    // the statement's own columns.
-    const QString inner = statement.left(at) + QStringLiteral(", ") + Competitors_Alias(statement)
-                          + QStringLiteral(".rowid AS rowid") + statement.mid(at);
-    return QStringLiteral("SELECT ") + Competitor_Fields().join(QStringLiteral(", ")) + QStringLiteral(" FROM (") + inner
-           + QStringLiteral(") AS competitors");
-}

@@ -31,13 +31,3 @@ const QList<int> &Competitor_Widths();
 
 // The plain statement behind the grid, without its order.
 QString Competitor_Statement(short competitionId);
-
-// The grid's statement as the updatable row set reads it. A search names
-// competitors under an alias and joins other tables, and orders by column
-// number; wrapped, the statement's own rows and order come out under the
-// table's name, with each competitor's rowid, so that edits and deletes go
-// to competitors by rowid alone.
-QString Row_Set_Statement(const QString &statement);
-
-// The name under which a statement reads competitors ("c" in a search).
-QString Competitors_Alias(const QString &statement);

@@ -24,7 +24,7 @@ Competitor_Rules::Competitor_Rules(short competitionId) : m_comp(competitionId)
 
 QString Competitor_Rules::Select_Sql() const
 {
-    return Row_Set_Statement(m_statement);
+    return m_statement;
 }
 
 QList<QStringList> Competitor_Rules::Captions(bool) const
