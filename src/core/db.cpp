@@ -219,6 +219,33 @@ Transaction::~Transaction()
     }
 }
 
+Savepoint::Savepoint(Connection &conn) : m_conn(conn)
+{
+    static int counter = 0;
+    m_name = QStringLiteral("unit%1").arg(++counter);
+    m_conn.execute(QStringLiteral("SAVEPOINT ") + m_name);
+}
+
+Savepoint::~Savepoint()
+{
+    if (m_done || !m_conn.isOpen())
+        return;
+    try {
+        m_conn.execute(QStringLiteral("ROLLBACK TO ") + m_name);
+        m_conn.execute(QStringLiteral("RELEASE ") + m_name);
+    } catch (...) {
+        // A destructor may not throw; the engine has rolled back what it could not keep.
+    }
+}
+
+void Savepoint::release()
+{
+    if (m_done)
+        return;
+    m_conn.execute(QStringLiteral("RELEASE ") + m_name);
+    m_done = true;
+}
+
 int RowSet::fieldIndex(const QString &name) const
 {
     for (int i = 0; i < m_names.size(); ++i)

@@ -65,6 +65,35 @@ private:
     bool m_owner = false;
 };
 
+// One unit of work that deletes rows and writes them anew: if any statement of
+// the unit fails, the unit is rolled back to its savepoint and the fault goes on
+// to the caller; units before it stay. Call release() when the unit succeeded.
+// Outside a transaction it opens one of its own, committed on release.
+class Savepoint
+{
+public:
+    explicit Savepoint(Connection &conn);
+    ~Savepoint();  // rolls the unit back unless released
+    void release();
+    Savepoint(const Savepoint &) = delete;
+    Savepoint &operator=(const Savepoint &) = delete;
+
+private:
+    Connection &m_conn;
+    QString m_name;
+    bool m_done = false;
+};
+
+// Runs one unit under a Savepoint: released on success, rolled back and
+// rethrown on a fault.
+template <typename Work>
+void In_Savepoint(Connection &conn, Work &&work)
+{
+    Savepoint unit(conn);
+    work();
+    unit.release();
+}
+
 // A forward row set, read whole when the statement runs. Fields are found by
 // name, case-insensitively, as the original engine did.
 class RowSet
