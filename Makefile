@@ -1,5 +1,7 @@
 BUILD_DIR ?= build
 JOBS ?= 2
+# A compiler cache, when the machine has one, makes rebuilds in a fresh folder quick.
+LAUNCHER := $(if $(shell command -v ccache 2>/dev/null),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 DATA_DIR ?= $(if $(STRATHMARK_DATA_DIR),$(STRATHMARK_DATA_DIR),$(if $(XDG_DATA_HOME),$(XDG_DATA_HOME),$(HOME)/.local/share)/Strathmark/Strathmark/)
 
 .PHONY: all deps build run test bench clean
@@ -10,7 +12,7 @@ deps:
 	@bash scripts/install-deps
 
 build: deps
-	cmake -S . -B $(BUILD_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake -S . -B $(BUILD_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo $(LAUNCHER)
 	cmake --build $(BUILD_DIR) -j$(JOBS)
 
 # Lays the prepared empty database into the data folder when none is there,
@@ -24,7 +26,8 @@ run: build
 	$(BUILD_DIR)/strathmark
 
 test: build
-	cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j$(JOBS)
+	@cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j$(JOBS); rc=$$?; \
+	  cd $(CURDIR) && bash scripts/test-ratio; exit $$rc
 
 bench: build
 	cmake --build $(BUILD_DIR) -j$(JOBS) --target benchmarks
