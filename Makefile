@@ -4,7 +4,7 @@ JOBS ?= 2
 LAUNCHER := $(if $(shell command -v ccache 2>/dev/null),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 DATA_DIR ?= $(if $(STRATHMARK_DATA_DIR),$(STRATHMARK_DATA_DIR),$(if $(XDG_DATA_HOME),$(XDG_DATA_HOME),$(HOME)/.local/share)/Strathmark/Strathmark/)
 
-.PHONY: all deps build run test bench clean
+.PHONY: all deps build run test bench package clean
 
 all: build
 
@@ -32,6 +32,10 @@ test: build
 bench: build
 	cmake --build $(BUILD_DIR) -j$(JOBS) --target benchmarks
 	@for b in $(BUILD_DIR)/bench/bench_*; do echo "== $$b"; $$b; done
+
+# A Debian package of the program: build/strathmark_<version>_<arch>.deb
+package: build
+	cd $(BUILD_DIR) && cpack -G DEB
 
 clean:
 	rm -rf $(BUILD_DIR)
