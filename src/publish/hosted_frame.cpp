@@ -38,11 +38,11 @@ QString Heading(const QString &text)
     return Heading_Open(text) + QStringLiteral("</TD></TR></TABLE>\r\n");
 }
 
-QString Band_Table(const QString &band, const QStringList &columns)
+QString Band_Table(const QString &band, const QStringList &columns, int span)
 {
     QString out = QStringLiteral("<DIV class=spacer10>&nbsp;</DIV><TABLE width=100% border=0 cellSpacing=1 "
                                  "cellPadding=3><TR class=lnbg><TD class=bg0font colSpan=%1>%2</TD></TR>\r\n<TR>")
-                      .arg(qMax(1, int(columns.size())))
+                      .arg(qMax(span, int(columns.size())))
                       .arg(band);
     if (columns.isEmpty())
         return out.chopped(4);

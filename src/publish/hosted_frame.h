@@ -14,7 +14,7 @@ QString Head(const Site_Source &src);
 QString Heading_Open(const QString &text);
 QString Heading(const QString &text);
 // A table of columns under a coloured band.
-QString Band_Table(const QString &band, const QStringList &columns);
+QString Band_Table(const QString &band, const QStringList &columns, int span = 1);
 // One row of the light rows, each value followed by a hidden letter.
 QString Row(const Site_Source &src, const QStringList &cells, const QString &link = QString());
 // "Go To:" with its links (text, target), the publisher's notice and the close.

@@ -167,7 +167,7 @@ QString Results_Page(const Site_Source &src, const Site_Event &ev)
         + Result_Rows(src, ev, winner);
     QString out = Head(src) + Heading_Open(Heading_Text(src, t, QStringLiteral(" - Results"))) + winner + results;
     if (championship) {
-        out += Championship_Dances(src, ev) + Band_Table(QStringLiteral("JUDGES RESULTS"), {})
+        out += Championship_Dances(src, ev) + Band_Table(QStringLiteral("JUDGES RESULTS"), {}, 6)
             + Judges_Block(src, ev, 1, 2) + Judges_Block(src, ev, 3, 4) + QStringLiteral("</TABLE>\r\n");
     } else {
         out += Event_Dances(src, ev);
@@ -215,7 +215,7 @@ QString Statistics_Page(const Site_Source &src, const Site_Event &ev)
                        "c.competitor_id = d.competitor_id ORDER BY d.placing").arg(src.id(), Sql_Quote(ev.groupId)));
     for (; !r.eof(); r.next()) {
         const QString number = Cell(r.value("competitor_id"));
-        out += Band_Table(Cell(r.value("placing")) + QStringLiteral(" - ") + src.letters.Hide_Blanks(r.text("name")),
+        out += Band_Table(Cell(r.value("placing")) + QStringLiteral(" - ") + r.text("name"),
                           {QStringLiteral("Dance Placings (") + Cell(r.value("dance_points")) + QStringLiteral(" points)"),
                            QStringLiteral("Judges Placings (") + Cell(r.value("total_dance_points"))
                                + QStringLiteral(" points)")})

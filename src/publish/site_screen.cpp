@@ -82,7 +82,8 @@ void Site_Screen::Form_Load()
     }
     m_selection = QList<Site_Event>(m_events.size());
     for (int i = 0; i < m_events.size(); ++i) {
-        auto *box = new QCheckBox(m_events[i].name, PicBox);
+        // An event name such as "8 & Under" shows its ampersand, not a shortcut.
+        auto *box = new QCheckBox(QString(m_events[i].name).replace(QLatin1Char('&'), QLatin1String("&&")), PicBox);
         box->setObjectName(QStringLiteral("arrayText%1").arg(i));
         connect(box, &QCheckBox::clicked, this, [this, i] { arrayText_Click(i); });
         arrayText << box;
