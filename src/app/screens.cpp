@@ -2,6 +2,8 @@
 #include "entries/frmCompetitors.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
+#include "publish/FrmHTML2.h"
+#include "publish/frmbrogard.h"
 #include "setup/FrmEvents.h"
 #include "setup/frmCategories.h"
 #include "setup/frmJudges.h"
@@ -20,5 +22,7 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnujudges", [] { return new frmJudges; });
     frmMain::Register_Screen("mnuCompetition", [] { return new FrmTallyComp; });
     frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
+    frmMain::Register_Screen("mnuHTML", [] { return new FrmHTML2; });
+    frmMain::Register_Screen("mnubrogard", [] { return new frmbrogard; });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
 }

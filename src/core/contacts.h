@@ -12,6 +12,8 @@ inline constexpr const char *Support_Email = STRATHMARK_SUPPORT_EMAIL;
 inline constexpr const char *Publisher_Name = STRATHMARK_PUBLISHER_NAME;
 inline constexpr const char *Publisher_Url = STRATHMARK_PUBLISHER_URL;
 inline constexpr const char *Publisher_Notice = STRATHMARK_PUBLISHER_NOTICE;
+// The rights notice and warning against copying under every hosted results page.
+inline constexpr const char *Publisher_Rights = STRATHMARK_PUBLISHER_RIGHTS;
 
 // The description that results pages give search engines.
 inline constexpr const char *Meta_Description = STRATHMARK_META_DESCRIPTION;
