@@ -281,6 +281,13 @@ void TestCompScreenMarks::auto_save_goes_on_without_asking_and_stays_when_the_sa
     QVERIFY(Button(s, "Cmd2")->isChecked());
     QCOMPARE(c.scalar("SELECT points_awarded1 FROM comp_judges_results WHERE competitor_id = 101 AND dance_id = 6")
                  .toInt(), 77);
+    // Create File asks, even with auto-save on, saves and leaves the compare file to its own screen.
+    Type(s, "78");
+    Dialogs::queueAnswer(vbYes);
+    Click(Button(s, "CmdPrepare"));
+    QCOMPARE(Dialogs::texts(), QStringList{Question});
+    QVERIFY(QDir(env.file("Compare")).exists() && QDir(env.file("Compare")).isEmpty());
+    Dialogs::clearRecords();
 
     // The database refuses the mark: the box, and the screen stays on its dance.
     c.execute("CREATE TRIGGER refuse_66 BEFORE UPDATE ON comp_judges_results WHEN NEW.points_awarded1 = 66 "
@@ -294,7 +301,7 @@ void TestCompScreenMarks::auto_save_goes_on_without_asking_and_stays_when_the_sa
     QVERIFY(!Button(s, "Cmd3")->isChecked());
     QCOMPARE(Current_Dance_Id, short(7));
     QCOMPARE(s.findChild<QGroupBox *>("Frame5")->title(), QString("Pas de Basque and High Cuts"));
-    QCOMPARE(Grid(s, "MSFlexGrid1")->Text(1, 1), QString());
+    QCOMPARE(Grid(s, "MSFlexGrid1")->Text(2, 1), QString());
     QVERIFY(s.Changed());
 
     // A tally that fails (a 22nd dancer in a tie) stays too, with its own box.
