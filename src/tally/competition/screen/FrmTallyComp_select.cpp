@@ -179,12 +179,10 @@ void FrmTallyComp::Take_No_Prizes()
 
 void FrmTallyComp::Select_Prize_Entry(short noPrizes)
 {
+    // A count the list cannot show (above 16) selects no entry; the dance is
+    // tallied with the stored count all the same.
     const int entry = noPrizes - 1;
-    // No selection (-1) is allowed; a count the list cannot show is the fault
-    // the events screen guards against.
-    if (entry < -1 || entry >= LstNoPrizes->count())
-        throw AppError(QStringLiteral("Invalid property value"));
-    Select_Entry(LstNoPrizes, entry);
+    Select_Entry(LstNoPrizes, entry >= 0 && entry < LstNoPrizes->count() ? entry : -1);
 }
 
 void FrmTallyComp::Select_Entry(QListWidget *list, int row)
