@@ -24,6 +24,12 @@ namespace {
 
 const QString Unable_To_Open = QStringLiteral("Unable to open database ");
 
+const QListWidgetItem *Selected_Item(const QListWidget *list)
+{
+    const QList<QListWidgetItem *> items = list->selectedItems();
+    return items.isEmpty() ? nullptr : items.first();
+}
+
 int Item_Value(const QListWidget *list)
 {
     const QListWidgetItem *item = list->currentItem();
@@ -34,7 +40,8 @@ int Item_Value(const QListWidget *list)
 
 void FrmTallyComp::LstGroup_Click()
 {
-    const int row = LstGroup->currentRow();
+    const QListWidgetItem *picked = Selected_Item(LstGroup);
+    const int row = picked ? LstGroup->row(picked) : -1;
     if (row < 0 || row >= Event_Codes.size() || row == m_selectedEvent)
         return;
     auto stay = [this] {
@@ -283,7 +290,7 @@ void FrmTallyComp::Tally_Overall()
 
 bool FrmTallyComp::Prize_List_Auto() const
 {
-    const QListWidgetItem *item = LstNoPrizes->currentItem();
+    const QListWidgetItem *item = Selected_Item(LstNoPrizes);
     return item && item->data(Qt::UserRole).toInt() == Auto_No_Prizes;
 }
 
@@ -300,7 +307,7 @@ int FrmTallyComp::Marked_Cells() const
 
 void FrmTallyComp::LstNoPrizes_Click()
 {
-    if (!Prizes_Live || !LstNoPrizes->currentItem())
+    if (!Prizes_Live || !Selected_Item(LstNoPrizes))
         return;
     try {
         No_Prizes = Set_Dance_No_Prizes(conn(), static_cast<short>(Item_Value(LstNoPrizes)), Marked_Cells());
@@ -344,7 +351,7 @@ void FrmTallyComp::lst_filter_Click()
 
 void FrmTallyComp::LstJudge_Click()
 {
-    const QListWidgetItem *item = LstJudge->currentItem();
+    const QListWidgetItem *item = Selected_Item(LstJudge);
     if (!item || m_selectedEvent < 0)
         return;
     try {
