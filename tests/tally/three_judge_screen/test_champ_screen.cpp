@@ -37,12 +37,12 @@ short Make_Competition(Connection &conn, int dancers)
     Current_Competition_Id = comp;
     Current_Competition_Name = "Cowal Gathering";
     Fixture::Event(conn, comp, "C1", "Adult", "C");
-    Fixture::Event(conn, comp, "C2", "Under 16", "C");
+    Fixture::Event(conn, comp, "U-16", "Under 16", "C");   // "-1" in the code shows as "D" in the hidden column
     conn.execute("UPDATE age_groups SET championship_title = 'Scottish Championship' WHERE competition_group_id = 'C1'");
-    conn.execute("UPDATE age_groups SET championship_title = 'Junior Championship' WHERE competition_group_id = 'C2'");
+    conn.execute("UPDATE age_groups SET championship_title = 'Junior Championship' WHERE competition_group_id = 'U-16'");
     for (int i = 0; i < dancers; ++i) {
         const QStringList name = Names.at(i).split(' ');
-        Fixture::Competitor(conn, comp, 101 + i, name[0], name[1], i < 2 ? QStringList{"C1", "C2"} : QStringList{"C1"});
+        Fixture::Competitor(conn, comp, 101 + i, name[0], name[1], i < 2 ? QStringList{"C1", "U-16"} : QStringList{"C1"});
     }
     Fixture::Judge(conn, comp, "Ann", "MacLeod");
     Fixture::Judge(conn, comp, "Bob", "Brown");
@@ -204,6 +204,10 @@ void TestChampScreen::dance_names()
     Select_Event(s, "Under 16 Junior Championship");
     QCOMPARE(swords->text(), QString("Swords"));
     QCOMPARE(Current_Dance_Id, short(2));
+    Go(s, 1, First_Judge_Column);
+    Type("77");
+    Click(s.Cmd_Tally);   // only the marks are written back: the row keeps its event
+    QCOMPARE(Fixture::Count(conn, "judges_results", "group_id = 'U-16' AND points_awarded1 = 77"), 1);
     Select_Event(s, "Adult Scottish Championship");
     QCOMPARE(swords->text(), QString("Broadswords"));
     QCOMPARE(s.Frame5->title(), QString("Judges Results - Broadswords"));
