@@ -288,6 +288,13 @@ void TestChampScreen::keys_and_checks()
     QVERIFY(!s.txtEdit->isVisible());
     QCOMPARE(cell(), qMakePair(2, First_Judge_Column));
 
+    // The number column never takes the cursor, by key or click.
+    Press(Qt::Key_Left);
+    QCOMPARE(cell(), qMakePair(2, First_Judge_Column));
+    QTest::mouseClick(s.MSFlexGrid1->viewport(), Qt::LeftButton, {},
+                      s.MSFlexGrid1->visualRect(s.MSFlexGrid1->model()->index(3, 0)).center());
+    QCOMPARE(cell(), qMakePair(3, First_Judge_Column));
+
     // Delete then Enter empties the cell; the save stores NULL there and -1 for "d".
     conn.execute("UPDATE judges_results SET points_awarded3 = 44 WHERE competitor_id = 103 AND dance_id = 1");
     Dialogs::queueAnswer(vbNo);
