@@ -39,11 +39,16 @@ void ThreeJudgeScreen::LstGroup_Click()
     const int row = selected.isEmpty() ? -1 : LstGroup->row(selected.first());
     if (row < 0 || row >= m_events.size() || m_loadingEvent)
         return;
-    // Changing the event asks whatever the auto-save setting says.
-    if (Unsaved_Marks() && !Ask_And_Save())
-        return;
     m_loadingEvent = true;
+    // Changing the event asks whatever the auto-save setting says; a failed
+    // save keeps the event shown, in the list too.
+    if (Unsaved_Marks() && !Ask_And_Save()) {
+        LstGroup->setCurrentRow(m_eventRow);
+        m_loadingEvent = false;
+        return;
+    }
     try {
+        m_eventRow = row;
         Select_Event(row);
     } catch (const AppError &e) {
         Show_Unhandled_Fault(e.message());
@@ -57,6 +62,8 @@ void ThreeJudgeScreen::Select_Event(int row)
     Current_Group_Id = m_events.at(row).code;
     const QString group = Current_Group_Id;
     Disable_Buttons();
+    // The grid is cleared: no marks of the last event are left to save.
+    Set_Dirty(false);
     // Until the event's marks are read, the grid reads nothing of the last one.
     Marks().select = Empty_Marks_Select();
     const short before = Current_Dance_Id;
