@@ -37,13 +37,13 @@ QString Marks_Select(short comp, const QString &group, short dance, bool registe
         return "Select judges_results.competitor_id AS Num, judges_results.competition_id, judges_results.group_id, "
                "judges_results.dance_id, judges_results.points_awarded1, judges_results.points_awarded2,  "
                "judges_results.points_awarded3 from judges_results, competitors c where judges_results.competition_id = "
-               + Num(comp) + " AND judges_results.group_id = '" + group + "' AND judges_results.dance_id = " + Num(dance)
+               + Num(comp) + " AND judges_results.group_id = '" + Sql_Quote(group) + "' AND judges_results.dance_id = " + Num(dance)
                + " AND c.competition_id = " + Num(comp)
                + " AND judges_results.competitor_id = c.competitor_id AND c.registered IS NOT NULL Order by "
                  "judges_results.competitor_id";
     }
     return "Select competitor_id AS Num, competition_id, group_id, dance_id, points_awarded1, points_awarded2,  "
-           "points_awarded3 from judges_results where competition_id = " + Num(comp) + " AND group_id = '" + group
+           "points_awarded3 from judges_results where competition_id = " + Num(comp) + " AND group_id = '" + Sql_Quote(group)
            + "' AND dance_id = " + Num(dance) + " Order by competitor_id";
 }
 

@@ -167,19 +167,20 @@ void ThreeJudgeScreen::Show_Dance_Name_Editor()
 
 void ThreeJudgeScreen::Save_Dance_Names()
 {
-    try {
-        for (int n = 1; n <= 4; ++n) {
-            const QString name = edit_dance[n - 1]->text();
-            if (name != Default_Dance_Names()[n - 1]) {
-                Set_Dance_Caption(n, name);
-                Dance_Names[n - 1] = name;
-            }
-            // A quote in the name breaks the statement: the rename is lost.
+    // Dance by dance; a name that cannot be stored stops here with its box,
+    // the names before it saved and the editor still open.
+    for (int n = 1; n <= 4; ++n) {
+        const QString name = edit_dance[n - 1]->text();
+        try {
             Save_Dance_Name(conn(), Current_Competition_Id, Current_Group_Id, n, name);
+        } catch (const AppError &e) {
+            Show_Unhandled_Fault(QStringLiteral("Saving the name of dance %1 (%2): ").arg(n).arg(name) + e.message());
+            return;
         }
-    } catch (const AppError &e) {
-        Show_Unhandled_Fault(e.message());
-        return;
+        if (name != Default_Dance_Names()[n - 1]) {
+            Set_Dance_Caption(n, name);
+            Dance_Names[n - 1] = name;
+        }
     }
     Show_Current_Dance();
     frm_edit_dances->hide();
