@@ -78,7 +78,7 @@ private slots:
     void refused_texts_keep_the_editor_and_escape_keeps_the_cell();
     void auto_save_goes_on_without_asking_and_stays_when_the_save_fails();
     void event_change_always_asks_and_closing_asks_about_unsaved_marks();
-    void prize_entry_sixteen_places_nobody();
+    void prize_lists_and_judge_act_only_on_a_choice();
 };
 
 void TestCompScreenMarks::marks_typed_for_four_dances_give_placings_ties_and_overall()
@@ -281,6 +281,13 @@ void TestCompScreenMarks::auto_save_goes_on_without_asking_and_stays_when_the_sa
     QVERIFY(Button(s, "Cmd2")->isChecked());
     QCOMPARE(c.scalar("SELECT points_awarded1 FROM comp_judges_results WHERE competitor_id = 101 AND dance_id = 6")
                  .toInt(), 77);
+    // Create File asks, even with auto-save on, saves and leaves the compare file to its own screen.
+    Type(s, "78");
+    Dialogs::queueAnswer(vbYes);
+    Click(Button(s, "CmdPrepare"));
+    QCOMPARE(Dialogs::texts(), QStringList{Question});
+    QVERIFY(QDir(env.file("Compare")).exists() && QDir(env.file("Compare")).isEmpty());
+    Dialogs::clearRecords();
 
     // The database refuses the mark: the box, and the screen stays on its dance.
     c.execute("CREATE TRIGGER refuse_66 BEFORE UPDATE ON comp_judges_results WHEN NEW.points_awarded1 = 66 "
@@ -294,7 +301,7 @@ void TestCompScreenMarks::auto_save_goes_on_without_asking_and_stays_when_the_sa
     QVERIFY(!Button(s, "Cmd3")->isChecked());
     QCOMPARE(Current_Dance_Id, short(7));
     QCOMPARE(s.findChild<QGroupBox *>("Frame5")->title(), QString("Pas de Basque and High Cuts"));
-    QCOMPARE(Grid(s, "MSFlexGrid1")->Text(1, 1), QString());
+    QCOMPARE(Grid(s, "MSFlexGrid1")->Text(2, 1), QString());
     QVERIFY(s.Changed());
 
     // A tally that fails (a 22nd dancer in a tie) stays too, with its own box.
@@ -375,19 +382,33 @@ void TestCompScreenMarks::event_change_always_asks_and_closing_asks_about_unsave
                  .isNull(), true);
 }
 
-void TestCompScreenMarks::prize_entry_sixteen_places_nobody()
+void TestCompScreenMarks::prize_lists_and_judge_act_only_on_a_choice()
 {
     TestDataFolder env;
     Connection c;
     c.open();
     Build_Event(c, 8);
+    c.execute("UPDATE age_groups SET no_prizes = 20 WHERE competition_group_id = 'J'");
+    Fixture::Judge(c, Current_Competition_Id, "Morag", "Stewart");
+    Fixture::Judge(c, Current_Competition_Id, "Alan", "Boyd");
     FrmTallyComp s;
     s.show();
+    QApplication::setActiveWindow(&s);
+    // A list that takes the focus (by Tab) picks nothing; keys pick as a click does.
+    List(s, "LstGroup")->setFocus(Qt::TabFocusReason);
+    Settle();
+    QVERIFY(Current_Group_Id.isEmpty());
     Pick(List(s, "LstGroup"), "Juvenile 10-12");
     QListWidget *prizes = List(s, "LstNoPrizes");
     QCOMPARE(prizes->count(), 16);
-    QCOMPARE(prizes->currentItem()->text(), QString("6"));
+    QVERIFY(prizes->selectedItems().isEmpty());   // twenty prizes: no entry shows it
+    prizes->setFocus(Qt::TabFocusReason);
+    Key(List(s, "LstJudge"), Qt::Key_Down);
+    QCOMPARE(Fixture::Count(c, "judges_results_judges") + Fixture::Count(c, "dance_no_prizes"), 1);
+    QVERIFY(!s.findChild<QLabel *>("txtJudge")->text().isEmpty());
     Type_Column(s, {"90", "89", "88", "87", "86", "85", "84", "83"});
+    Click(Button(s, "CmdTally"));
+    QCOMPARE(Grid(s, "GrdODR")->rowCount(), 9);
 
     Pick(prizes, "8");
     QCOMPARE(s.No_Prizes, short(8));

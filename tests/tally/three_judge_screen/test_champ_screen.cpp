@@ -37,12 +37,12 @@ short Make_Competition(Connection &conn, int dancers)
     Current_Competition_Id = comp;
     Current_Competition_Name = "Cowal Gathering";
     Fixture::Event(conn, comp, "C1", "Adult", "C");
-    Fixture::Event(conn, comp, "C2", "Under 16", "C");
+    Fixture::Event(conn, comp, "U-16", "Under 16", "C");   // "-1" in the code shows as "D" in the hidden column
     conn.execute("UPDATE age_groups SET championship_title = 'Scottish Championship' WHERE competition_group_id = 'C1'");
-    conn.execute("UPDATE age_groups SET championship_title = 'Junior Championship' WHERE competition_group_id = 'C2'");
+    conn.execute("UPDATE age_groups SET championship_title = 'Junior Championship' WHERE competition_group_id = 'U-16'");
     for (int i = 0; i < dancers; ++i) {
         const QStringList name = Names.at(i).split(' ');
-        Fixture::Competitor(conn, comp, 101 + i, name[0], name[1], i < 2 ? QStringList{"C1", "C2"} : QStringList{"C1"});
+        Fixture::Competitor(conn, comp, 101 + i, name[0], name[1], i < 2 ? QStringList{"C1", "U-16"} : QStringList{"C1"});
     }
     Fixture::Judge(conn, comp, "Ann", "MacLeod");
     Fixture::Judge(conn, comp, "Bob", "Brown");
@@ -204,23 +204,29 @@ void TestChampScreen::dance_names()
     Select_Event(s, "Under 16 Junior Championship");
     QCOMPARE(swords->text(), QString("Swords"));
     QCOMPARE(Current_Dance_Id, short(2));
+    Go(s, 1, First_Judge_Column);
+    Type("77");
+    Click(s.Cmd_Tally);   // only the marks are written back: the row keeps its event
+    QCOMPARE(Fixture::Count(conn, "judges_results", "group_id = 'U-16' AND points_awarded1 = 77"), 1);
     Select_Event(s, "Adult Scottish Championship");
     QCOMPARE(swords->text(), QString("Broadswords"));
     QCOMPARE(s.Frame5->title(), QString("Judges Results - Broadswords"));
 
-    // A quote breaks the statement: the name shows until the event is read again.
+    // A quote is kept; a name the database refuses shows its box and leaves
+    // the name stored before it, and the names before it saved.
+    conn.execute("CREATE TRIGGER refuse BEFORE INSERT ON championship_dance_names WHEN NEW.name = 'Claymore' "
+                 "BEGIN SELECT RAISE(ABORT, 'refused'); END");
     Click(s.findChild<QPushButton *>("cmd_edit4"));
-    s.edit_dance[3]->setText("Reel o' Tulloch");
+    s.edit_dance[0]->setText("Marquis of Huntly's Fling");
+    s.edit_dance[1]->setText("Claymore");
     Dialogs::clearRecords();
     Click(s.cmd_edit_save);
     QCOMPARE(Dialogs::records().size(), 1);
-    QCOMPARE(Dialogs::lastRecord().title, App_Title);
     QVERIFY(s.frm_edit_dances->isVisible());
-    QCOMPARE(reel->text(), QString("Reel o' Tulloch"));
     Click(s.edit_cmd_cancel);
     Select_Event(s, "Under 16 Junior Championship");
     Select_Event(s, "Adult Scottish Championship");
-    QCOMPARE(reel->text(), QString("Reel"));
+    QCOMPARE(s.findChild<QPushButton *>("Cmd_Fling")->text(), QString("Marquis of Huntly's Fling"));
     QCOMPARE(swords->text(), QString("Broadswords"));
 
     // Default puts every name back and keeps no row.
@@ -283,6 +289,13 @@ void TestChampScreen::keys_and_checks()
     Press(Qt::Key_Left);
     QVERIFY(!s.txtEdit->isVisible());
     QCOMPARE(cell(), qMakePair(2, First_Judge_Column));
+
+    // The number column never takes the cursor, by key or click.
+    Press(Qt::Key_Left);
+    QCOMPARE(cell(), qMakePair(2, First_Judge_Column));
+    QTest::mouseClick(s.MSFlexGrid1->viewport(), Qt::LeftButton, {},
+                      s.MSFlexGrid1->visualRect(s.MSFlexGrid1->model()->index(3, 0)).center());
+    QCOMPARE(cell(), qMakePair(3, First_Judge_Column));
 
     // Delete then Enter empties the cell; the save stores NULL there and -1 for "d".
     conn.execute("UPDATE judges_results SET points_awarded3 = 44 WHERE competitor_id = 103 AND dance_id = 1");

@@ -187,6 +187,22 @@ void TestPremScreen::filter_and_trophies()
     QVERIFY(!s.findChild<QPushButton *>("Cmd2")->isEnabled());
     QVERIFY(s.lst_filter->isEnabled());
     QCOMPARE(Fixture::Count(conn, "dance_no_dancers", "group_id = 'P3'"), 4);
+
+    // A failed save keeps the event, in the list too; an event refused for its
+    // dances leaves no unsaved marks behind.
+    conn.execute("CREATE TRIGGER refuse_66 BEFORE UPDATE ON judges_results WHEN NEW.points_awarded1 = 66 "
+                 "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+    Select_Event(s, "Under 16 ");
+    Go(s, 1, First_Judge_Column);
+    Type("66");
+    Dialogs::queueAnswer(vbYes);
+    Select_Event(s, "Adult ");
+    QCOMPARE(s.LstGroup->selectedItems().value(0)->text(), QString("Under 16 "));
+    conn.execute("DELETE FROM category_dances WHERE dance_id = 4");
+    Dialogs::queueAnswer(vbNo);
+    Select_Event(s, "Adult ");
+    QCOMPARE(Dialogs::lastRecord().text, Premiership_Dances_Message);
+    QVERIFY(!s.Unsaved_Marks());
 }
 
 QTEST_MAIN(TestPremScreen)

@@ -254,18 +254,19 @@ void FrmTallyComp::Build_Results()
 
 void FrmTallyComp::Connect_Handlers()
 {
-    connect(LstGroup, &QListWidget::currentRowChanged, this, [this] {
+    // Lists act on an entry the operator selects (click or arrow key), never
+    // on the cursor a list puts on its first entry when it takes the focus.
+    connect(LstGroup, &QListWidget::itemSelectionChanged, this, [this] {
         if (m_eventLive)
             LstGroup_Click();
     });
     for (int n = 1; n <= 10; ++n)
         connect(Cmd[n], &QPushButton::clicked, this, [this, n] { Cmd_Click(n); });
     connect(CmdTally, &QPushButton::clicked, this, &FrmTallyComp::CmdTally_Click);
-    connect(LstNoPrizes, &QListWidget::currentRowChanged, this, &FrmTallyComp::LstNoPrizes_Click);
+    connect(LstNoPrizes, &QListWidget::itemSelectionChanged, this, &FrmTallyComp::LstNoPrizes_Click);
     connect(lstnodancers, &QListWidget::currentRowChanged, this, &FrmTallyComp::lstnodancers_Click);
     connect(lst_filter, &QListWidget::currentRowChanged, this, &FrmTallyComp::lst_filter_Click);
-    connect(LstJudge, &QListWidget::itemClicked, this, &FrmTallyComp::LstJudge_Click);
-    connect(LstJudge, &QListWidget::itemActivated, this, &FrmTallyComp::LstJudge_Click);
+    connect(LstJudge, &QListWidget::itemSelectionChanged, this, &FrmTallyComp::LstJudge_Click);
     connect(CmdRpt, &QPushButton::clicked, this, &FrmTallyComp::CmdRpt_Click);
     connect(CmdPRRpt, &QPushButton::clicked, this, &FrmTallyComp::CmdPRRpt_Click);
     connect(cmdCallback, &QPushButton::clicked, this, &FrmTallyComp::cmdCallback_Click);

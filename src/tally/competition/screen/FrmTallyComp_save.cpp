@@ -10,6 +10,7 @@
 #include "ui/grid/flex_grid.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -135,11 +136,13 @@ void FrmTallyComp::CmdCheck_Click()
 
 void FrmTallyComp::CmdPrepare_Click()
 {
-    // Only asks: no auto-save here.
+    // Only asks: no auto-save here, and no compare file: the compare screen
+    // writes it into the folder made ready here.
     if (!Editor_Accepts())
         return;
     try {
-        Save_Step(true, true);
+        if (Save_Step(true, false))
+            QDir().mkpath(Data_Dir + QStringLiteral("Compare"));
     } catch (const AppError &) {
         Msg_Box(Button_Failure, vbExclamation, Validation_Error);
     }

@@ -24,6 +24,12 @@ namespace {
 
 const QString Unable_To_Open = QStringLiteral("Unable to open database ");
 
+const QListWidgetItem *Selected_Item(const QListWidget *list)
+{
+    const QList<QListWidgetItem *> items = list->selectedItems();
+    return items.isEmpty() ? nullptr : items.first();
+}
+
 int Item_Value(const QListWidget *list)
 {
     const QListWidgetItem *item = list->currentItem();
@@ -34,7 +40,8 @@ int Item_Value(const QListWidget *list)
 
 void FrmTallyComp::LstGroup_Click()
 {
-    const int row = LstGroup->currentRow();
+    const QListWidgetItem *picked = Selected_Item(LstGroup);
+    const int row = picked ? LstGroup->row(picked) : -1;
     if (row < 0 || row >= Event_Codes.size() || row == m_selectedEvent)
         return;
     auto stay = [this] {
@@ -179,12 +186,10 @@ void FrmTallyComp::Take_No_Prizes()
 
 void FrmTallyComp::Select_Prize_Entry(short noPrizes)
 {
+    // A count the list cannot show (above 16) selects no entry; the dance is
+    // tallied with the stored count all the same.
     const int entry = noPrizes - 1;
-    // No selection (-1) is allowed; a count the list cannot show is the fault
-    // the events screen guards against.
-    if (entry < -1 || entry >= LstNoPrizes->count())
-        throw AppError(QStringLiteral("Invalid property value"));
-    Select_Entry(LstNoPrizes, entry);
+    Select_Entry(LstNoPrizes, entry >= 0 && entry < LstNoPrizes->count() ? entry : -1);
 }
 
 void FrmTallyComp::Select_Entry(QListWidget *list, int row)
@@ -285,7 +290,7 @@ void FrmTallyComp::Tally_Overall()
 
 bool FrmTallyComp::Prize_List_Auto() const
 {
-    const QListWidgetItem *item = LstNoPrizes->currentItem();
+    const QListWidgetItem *item = Selected_Item(LstNoPrizes);
     return item && item->data(Qt::UserRole).toInt() == Auto_No_Prizes;
 }
 
@@ -302,7 +307,7 @@ int FrmTallyComp::Marked_Cells() const
 
 void FrmTallyComp::LstNoPrizes_Click()
 {
-    if (!Prizes_Live || !LstNoPrizes->currentItem())
+    if (!Prizes_Live || !Selected_Item(LstNoPrizes))
         return;
     try {
         No_Prizes = Set_Dance_No_Prizes(conn(), static_cast<short>(Item_Value(LstNoPrizes)), Marked_Cells());
@@ -346,7 +351,7 @@ void FrmTallyComp::lst_filter_Click()
 
 void FrmTallyComp::LstJudge_Click()
 {
-    const QListWidgetItem *item = LstJudge->currentItem();
+    const QListWidgetItem *item = Selected_Item(LstJudge);
     if (!item || m_selectedEvent < 0)
         return;
     try {

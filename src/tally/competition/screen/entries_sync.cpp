@@ -1,11 +1,12 @@
 #include "entries_sync.h"
 #include "core/db.h"
+#include "core/routines.h"
 
 namespace {
 
 QString Event_Where(short comp, const QString &code)
 {
-    return "competition_id = " + QString::number(comp) + " AND group_id = '" + code + "'";
+    return "competition_id = " + QString::number(comp) + " AND group_id = '" + Sql_Quote(code) + "'";
 }
 
 void Delete_Marks_Of(Connection &conn, short comp, const QString &code, const QVariant &competitor)
@@ -28,10 +29,10 @@ bool Flag_Small_Event(Connection &conn, short comp, const QString &code, const Q
     Transaction t(conn);
     conn.execute("DELETE FROM dance_no_dancers WHERE " + Event_Where(comp, code));
     RowSet rs = conn.query("SELECT dance_id FROM category_dances WHERE competition_id = " + QString::number(comp)
-                           + " AND category_id = '" + category + "'");
+                           + " AND category_id = '" + Sql_Quote(category) + "'");
     for (; !rs.eof(); rs.next())
         conn.execute("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES ("
-                     + QString::number(comp) + ",'" + code + "'," + QString::number(rs.toShort("dance_id")) + ")");
+                     + QString::number(comp) + ",'" + Sql_Quote(code) + "'," + QString::number(rs.toShort("dance_id")) + ")");
     return true;
 }
 
@@ -44,7 +45,7 @@ bool Flag_Small_Dance(Connection &conn, short comp, const QString &code, short d
     Transaction t(conn);
     conn.execute("DELETE FROM dance_no_dancers WHERE " + where);
     conn.execute("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES(" + QString::number(comp)
-                 + ",'" + code + "'," + QString::number(dance) + ")");
+                 + ",'" + Sql_Quote(code) + "'," + QString::number(dance) + ")");
     return true;
 }
 
@@ -60,10 +61,10 @@ void Sync_Entries(Connection &conn, short comp, const QString &code, const QList
             "AND (comp_judges_results.dance_id = "
             + QString::number(dance)
             + ")) WHERE comp_judges_results.group_id IS NULL AND competitor_groups.competition_id = " + id
-            + " AND competitor_groups.group_id = '" + code + "'");
+            + " AND competitor_groups.group_id = '" + Sql_Quote(code) + "'");
         for (; !missing.eof(); missing.next())
             conn.execute("INSERT INTO comp_judges_results(competition_id, group_id, dance_id, competitor_id) VALUES(" + id
-                         + ",'" + code + "'," + QString::number(dance) + ","
+                         + ",'" + Sql_Quote(code) + "'," + QString::number(dance) + ","
                          + QString::number(To_Int16(missing.value("competitor_id"))) + ")");
     }
 
@@ -73,7 +74,7 @@ void Sync_Entries(Connection &conn, short comp, const QString &code, const QList
         "(comp_judges_results.competition_id = competitor_groups.competition_id) AND (comp_judges_results.competitor_id "
         "= competitor_groups.competitor_id) WHERE competitor_groups.group_id IS NULL AND "
         "comp_judges_results.competition_id = "
-        + id + " AND comp_judges_results.group_id = '" + code + "'");
+        + id + " AND comp_judges_results.group_id = '" + Sql_Quote(code) + "'");
     for (; !withdrawn.eof(); withdrawn.next())
         Delete_Marks_Of(conn, comp, code, withdrawn.value("competitor_id"));
 
@@ -81,7 +82,7 @@ void Sync_Entries(Connection &conn, short comp, const QString &code, const QList
         "SELECT competitor_groups.competitor_id AS competitor_id FROM competitor_groups LEFT JOIN competitors ON "
         "(competitor_groups.competition_id = competitors.competition_id) AND (competitor_groups.competitor_id = "
         "competitors.competitor_id) WHERE competitors.competitor_id is null AND competitor_groups.competition_id = "
-        + id + " AND competitor_groups.group_id = '" + code + "'");
+        + id + " AND competitor_groups.group_id = '" + Sql_Quote(code) + "'");
     for (; !orphans.eof(); orphans.next()) {
         const QVariant competitor = orphans.value("competitor_id");
         Delete_Marks_Of(conn, comp, code, competitor);

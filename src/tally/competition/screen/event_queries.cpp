@@ -1,5 +1,6 @@
 #include "event_queries.h"
 #include "core/db.h"
+#include "core/routines.h"
 
 QList<Event_Entry> Competition_Events(Connection &conn, short comp)
 {
@@ -26,7 +27,7 @@ Event_Settings Read_Event_Settings(Connection &conn, short comp, const QString &
 {
     RowSet rs = conn.query("Select no_prizes, split_overalls, no_overall_prizes, dancer_order, inc_t_fling from "
                            "age_groups where competition_id = "
-                           + QString::number(comp) + " AND competition_group_id = '" + code + "'");
+                           + QString::number(comp) + " AND competition_group_id = '" + Sql_Quote(code) + "'");
     Event_Settings s;
     s.noPrizes = rs.toShort("no_prizes");
     s.noOverallPrizes = rs.toShort("no_overall_prizes");
@@ -39,7 +40,7 @@ Event_Settings Read_Event_Settings(Connection &conn, short comp, const QString &
 QList<Dance_Entry> Event_Dances(Connection &conn, short comp, const QString &category)
 {
     RowSet rs = conn.query("SELECT d.dance_id, d.dance FROM category_dances cd, dances d WHERE cd.competition_id = "
-                           + QString::number(comp) + " AND cd.category_id = '" + category
+                           + QString::number(comp) + " AND cd.category_id = '" + Sql_Quote(category)
                            + "' AND cd.dance_id = d.dance_id ORDER BY cd.orderby, d.dance_id");
     QList<Dance_Entry> dances;
     for (; !rs.eof(); rs.next())

@@ -1,4 +1,5 @@
 #include "mark_values.h"
+#include "core/routines.h"
 
 #include <cmath>
 
@@ -61,11 +62,11 @@ QString Marks_Select(short comp, const QString &code, short dance, bool register
     if (registeredOnly)
         return "Select comp_judges_results.competitor_id, comp_judges_results.points_awarded1 from "
                "comp_judges_results, competitors c where comp_judges_results.competition_id = "
-               + id + " AND comp_judges_results.group_id = '" + code + "' AND comp_judges_results.dance_id = " + d
+               + id + " AND comp_judges_results.group_id = '" + Sql_Quote(code) + "' AND comp_judges_results.dance_id = " + d
                + " AND c.competition_id = " + id
                + " AND c.competitor_id = comp_judges_results.competitor_id AND c.registered IS NOT NULL "
                  "Order by comp_judges_results.competitor_id "
                + orderSql;
     return "Select competitor_id, points_awarded1 from comp_judges_results where competition_id = " + id
-           + " AND group_id = '" + code + "' AND dance_id = " + d + " Order by competitor_id " + orderSql;
+           + " AND group_id = '" + Sql_Quote(code) + "' AND dance_id = " + d + " Order by competitor_id " + orderSql;
 }

@@ -1,5 +1,6 @@
 #include "result_rows.h"
 #include "core/db.h"
+#include "core/routines.h"
 
 namespace {
 
@@ -9,7 +10,7 @@ QString Result_Select(short comp, const QString &code, const QString &table)
     return "Select o.competitor_id As Num, ifnull(o.placing,'') || ifnull(o.tie,'') AS Place, "
            "ifnull(c.forename,'') || ' ' || ifnull(c.surname,'') as name from "
            + table + " o, competitors c where o.competition_id = " + id + " AND c.competition_id = " + id
-           + " AND o.competitor_id = c.competitor_id AND o.group_id = '" + code + "'";
+           + " AND o.competitor_id = c.competitor_id AND o.group_id = '" + Sql_Quote(code) + "'";
 }
 
 QList<QStringList> Rows(Connection &conn, const QString &sql)

@@ -1,5 +1,7 @@
 #include "mark_rules.h"
 #include "core/errors.h"
+#include "core/db.h"
+#include "core/routines.h"
 
 #include <cmath>
 
@@ -35,13 +37,13 @@ QString Marks_Select(short comp, const QString &group, short dance, bool registe
         return "Select judges_results.competitor_id AS Num, judges_results.competition_id, judges_results.group_id, "
                "judges_results.dance_id, judges_results.points_awarded1, judges_results.points_awarded2,  "
                "judges_results.points_awarded3 from judges_results, competitors c where judges_results.competition_id = "
-               + Num(comp) + " AND judges_results.group_id = '" + group + "' AND judges_results.dance_id = " + Num(dance)
+               + Num(comp) + " AND judges_results.group_id = '" + Sql_Quote(group) + "' AND judges_results.dance_id = " + Num(dance)
                + " AND c.competition_id = " + Num(comp)
                + " AND judges_results.competitor_id = c.competitor_id AND c.registered IS NOT NULL Order by "
                  "judges_results.competitor_id";
     }
     return "Select competitor_id AS Num, competition_id, group_id, dance_id, points_awarded1, points_awarded2,  "
-           "points_awarded3 from judges_results where competition_id = " + Num(comp) + " AND group_id = '" + group
+           "points_awarded3 from judges_results where competition_id = " + Num(comp) + " AND group_id = '" + Sql_Quote(group)
            + "' AND dance_id = " + Num(dance) + " Order by competitor_id";
 }
 
@@ -109,8 +111,6 @@ QVariant Mark_Rules::Field_Value(int col, const QString &text) const
 {
     if (text.isEmpty())
         return QVariant();
-    if (col == Group_Column)
-        return text;
     if (Is_Disqualify(text))
         return QVariant(qlonglong(-1));
     double value = 0;
@@ -119,6 +119,18 @@ QVariant Mark_Rules::Field_Value(int col, const QString &text) const
     if (value == std::trunc(value) && std::fabs(value) < 9e15)
         return QVariant(qlonglong(value));
     return QVariant(value);
+}
+
+std::optional<Cell_Refusal> Mark_Rules::Write_Row(Save_Work &w, int record, int gridRow)
+{
+    // The key columns show "-1" as "D" like the marks; only the marks go back.
+    for (int f = First_Judge_Column; f <= Last_Judge_Column && f < w.rs.fieldCount(); ++f) {
+        w.workCol = f;
+        w.rs.setValue(record, f, Field_Value(f, w.cells.text(gridRow, f)));
+    }
+    w.workCol = First_Judge_Column;
+    w.rs.update(record);
+    return std::nullopt;
 }
 
 } // namespace ThreeJudge

@@ -31,8 +31,8 @@ inline const QString Mark_Invalid_Message = QStringLiteral("Invalid Entry! Re-en
 inline const QString Mark_Update_Message = QStringLiteral("There was an error during the update!");
 
 // The mark grid for the shared editor: its checks, its display of -1 as "D"
-// and its write-back, where "D" or "d" becomes -1 and a text that is no
-// number refuses the write. No rows are added or deleted on this grid.
+// and its write-back of the marks, where "D" or "d" becomes -1 and a text
+// that is no number refuses the write. No rows are added or deleted on this grid.
 class Mark_Rules : public GridRules
 {
 public:
@@ -49,6 +49,8 @@ public:
     std::optional<Cell_Refusal> Check_Cell(int row, int col, QString &text) override;
     void Insert_Row(Save_Work &w, int gridRow) override {}
     QVariant Field_Value(int col, const QString &text) const override;
+    // Writes the judges' three marks only, never the hidden key columns.
+    std::optional<Cell_Refusal> Write_Row(Save_Work &w, int record, int gridRow) override;
     void Delete_Dependents(Connection &conn, const QStringList &row) override {}
 };
 

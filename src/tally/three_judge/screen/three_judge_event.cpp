@@ -39,11 +39,16 @@ void ThreeJudgeScreen::LstGroup_Click()
     const int row = selected.isEmpty() ? -1 : LstGroup->row(selected.first());
     if (row < 0 || row >= m_events.size() || m_loadingEvent)
         return;
-    // Changing the event asks whatever the auto-save setting says.
-    if (Unsaved_Marks() && !Ask_And_Save())
-        return;
     m_loadingEvent = true;
+    // Changing the event asks whatever the auto-save setting says; a failed
+    // save keeps the event shown, in the list too.
+    if (Unsaved_Marks() && !Ask_And_Save()) {
+        LstGroup->setCurrentRow(m_eventRow);
+        m_loadingEvent = false;
+        return;
+    }
     try {
+        m_eventRow = row;
         Select_Event(row);
     } catch (const AppError &e) {
         Show_Unhandled_Fault(e.message());
@@ -57,6 +62,8 @@ void ThreeJudgeScreen::Select_Event(int row)
     Current_Group_Id = m_events.at(row).code;
     const QString group = Current_Group_Id;
     Disable_Buttons();
+    // The grid is cleared: no marks of the last event are left to save.
+    Set_Dirty(false);
     // Until the event's marks are read, the grid reads nothing of the last one.
     Marks().select = Empty_Marks_Select();
     const short before = Current_Dance_Id;
@@ -160,19 +167,20 @@ void ThreeJudgeScreen::Show_Dance_Name_Editor()
 
 void ThreeJudgeScreen::Save_Dance_Names()
 {
-    try {
-        for (int n = 1; n <= 4; ++n) {
-            const QString name = edit_dance[n - 1]->text();
-            if (name != Default_Dance_Names()[n - 1]) {
-                Set_Dance_Caption(n, name);
-                Dance_Names[n - 1] = name;
-            }
-            // A quote in the name breaks the statement: the rename is lost.
+    // Dance by dance; a name that cannot be stored stops here with its box,
+    // the names before it saved and the editor still open.
+    for (int n = 1; n <= 4; ++n) {
+        const QString name = edit_dance[n - 1]->text();
+        try {
             Save_Dance_Name(conn(), Current_Competition_Id, Current_Group_Id, n, name);
+        } catch (const AppError &e) {
+            Show_Unhandled_Fault(QStringLiteral("Saving the name of dance %1 (%2): ").arg(n).arg(name) + e.message());
+            return;
         }
-    } catch (const AppError &e) {
-        Show_Unhandled_Fault(e.message());
-        return;
+        if (name != Default_Dance_Names()[n - 1]) {
+            Set_Dance_Caption(n, name);
+            Dance_Names[n - 1] = name;
+        }
     }
     Show_Current_Dance();
     frm_edit_dances->hide();

@@ -325,9 +325,9 @@ void ThreeJudgeScreen::Connect_Controls()
     connect(cmd_edit_default, &QPushButton::clicked, this, &ThreeJudgeScreen::Reset_Dance_Names);
     connect(cmd_edit_default2, &QPushButton::clicked, this, &ThreeJudgeScreen::Reset_Dance_Names);
 
-    // The mark cursor never rests on the hidden key columns.
+    // The mark cursor never rests on the number or the hidden key columns.
     connect(MSFlexGrid1, &QTableWidget::currentCellChanged, this, [this](int row, int col) {
-        if (col > 0 && col < First_Judge_Column && row >= 0)
+        if (col >= 0 && col < First_Judge_Column && row >= 0)
             MSFlexGrid1->setCurrentCell(row, First_Judge_Column);
     });
     txt_enter_no->installEventFilter(this);

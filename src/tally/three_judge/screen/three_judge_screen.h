@@ -150,4 +150,5 @@ private:
     QString m_eventName;
     bool m_noDancersLive = true;
     bool m_loadingEvent = false;
+    int m_eventRow = -1;   // the list row of the event shown
 };

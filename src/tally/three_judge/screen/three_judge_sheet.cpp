@@ -1,6 +1,7 @@
 #include "three_judge_sheet.h"
 #include "three_judge_kind.h"
 #include "core/db.h"
+#include "core/routines.h"
 
 namespace ThreeJudge {
 
@@ -13,7 +14,7 @@ QString Num(int v)
 
 QString Event_Where(short comp, const QString &group)
 {
-    return "competition_id = " + Num(comp) + " AND group_id = '" + group + "'";
+    return "competition_id = " + Num(comp) + " AND group_id = '" + Sql_Quote(group) + "'";
 }
 
 QList<QStringList> Texts(RowSet rs)
@@ -56,7 +57,7 @@ int Premiership_Dance_Count(Connection &conn, short comp, const QString &group)
 {
     return conn.scalar("SELECT count (dance_id) as no_of_dances from (select distinct d.dance_id FROM category_dances cd, "
                        "dances d, age_groups a WHERE cd.competition_id = " + Num(comp)
-                       + " AND a.competition_group_id = '" + group
+                       + " AND a.competition_group_id = '" + Sql_Quote(group)
                        + "' AND cd.competition_id = a.competition_id AND cd.dance_id = d.dance_id AND a.category = "
                          "cd.category_id)")
         .toInt();
@@ -65,7 +66,7 @@ int Premiership_Dance_Count(Connection &conn, short comp, const QString &group)
 QList<Event_Dance> Load_Event_Dances(Connection &conn, short comp, const QString &group)
 {
     RowSet rs = conn.query("SELECT d.dance_id, d.dance FROM category_dances cd, dances d, age_groups a WHERE "
-                           "cd.competition_id = " + Num(comp) + " AND a.competition_group_id = '" + group
+                           "cd.competition_id = " + Num(comp) + " AND a.competition_group_id = '" + Sql_Quote(group)
                            + "' AND cd.competition_id = a.competition_id AND cd.dance_id = d.dance_id AND a.category = "
                              "cd.category_id ORDER BY cd.orderby");
     QList<Event_Dance> dances;
@@ -88,13 +89,16 @@ std::array<QString, 4> Load_Dance_Names(Connection &conn, short comp, const QStr
 
 bool Save_Dance_Name(Connection &conn, short comp, const QString &group, int n, const QString &name)
 {
-    Transaction t(conn);
-    conn.execute("DELETE FROM championship_dance_names WHERE " + Event_Where(comp, group) + " AND dance_id = " + Num(n));
-    if (name == Default_Dance_Names().at(n - 1))
-        return false;
-    conn.execute("INSERT INTO championship_dance_names (competition_id, group_id, dance_id, name) VALUES(" + Num(comp)
-                 + ",'" + group + "'," + Num(n) + ",'" + name + "')");
-    return true;
+    const bool named = name != Default_Dance_Names().at(n - 1);
+    // The old name goes only with the new one written: one unit.
+    In_Savepoint(conn, [&] {
+        conn.execute("DELETE FROM championship_dance_names WHERE " + Event_Where(comp, group)
+                     + " AND dance_id = " + Num(n));
+        if (named)
+            conn.execute("INSERT INTO championship_dance_names (competition_id, group_id, dance_id, name) VALUES("
+                         + Num(comp) + ",'" + Sql_Quote(group) + "'," + Num(n) + ",'" + Sql_Quote(name) + "')");
+    });
+    return named;
 }
 
 void Reset_Dance_Names(Connection &conn, short comp, const QString &group)
@@ -112,12 +116,12 @@ void Sync_Entries(Connection &conn, short comp, const QString &group, const std:
         "(competitor_groups.group_id = judges_results.group_id) AND (competitor_groups.competition_id = "
         "judges_results.competition_id) AND (competitor_groups.competitor_id = judges_results.competitor_id) "
         "WHERE judges_results.group_id IS NULL AND competitor_groups.competition_id = " + id
-        + " AND competitor_groups.group_id = '" + group + "'");
+        + " AND competitor_groups.group_id = '" + Sql_Quote(group) + "'");
     for (; !missing.eof(); missing.next()) {
         const QString dancer = Num(missing.toShort("competitor_id"));
         for (short dance : dances)
             conn.execute("INSERT INTO judges_results(competition_id, group_id, dance_id, competitor_id) VALUES(" + id
-                         + ",'" + group + "'," + Num(dance) + "," + dancer + ")");
+                         + ",'" + Sql_Quote(group) + "'," + Num(dance) + "," + dancer + ")");
     }
 
     // Withdrawn from the event, or gone from the competitors: the marks go
@@ -127,12 +131,12 @@ void Sync_Entries(Connection &conn, short comp, const QString &group, const std:
         "ON (judges_results.group_id = competitor_groups.group_id) AND (judges_results.competition_id = "
         "competitor_groups.competition_id) AND (judges_results.competitor_id = competitor_groups.competitor_id) "
         "WHERE competitor_groups.group_id IS NULL AND judges_results.competition_id = " + id
-        + " AND judges_results.group_id = '" + group + "'";
+        + " AND judges_results.group_id = '" + Sql_Quote(group) + "'";
     const QString noCompetitor =
         "SELECT DISTINCT judges_results.competitor_id AS competitor_id FROM judges_results LEFT JOIN competitors ON "
         "(judges_results.competition_id = competitors.competition_id) AND (judges_results.competitor_id = "
         "competitors.competitor_id) WHERE competitors.competitor_id IS NULL AND judges_results.competition_id = " + id
-        + " AND judges_results.group_id = '" + group + "'";
+        + " AND judges_results.group_id = '" + Sql_Quote(group) + "'";
     for (const QString &sql : {notEntered, noCompetitor}) {
         RowSet gone = conn.query(sql);
         for (; !gone.eof(); gone.next())
@@ -144,7 +148,7 @@ void Sync_Entries(Connection &conn, short comp, const QString &group, const std:
 short Read_No_Overall_Prizes(Connection &conn, short comp, const QString &group)
 {
     RowSet rs = conn.query("SELECT no_overall_prizes FROM age_groups WHERE competition_id = " + Num(comp)
-                           + " AND competition_group_id = '" + group + "'");
+                           + " AND competition_group_id = '" + Sql_Quote(group) + "'");
     return rs.eof() ? short(0) : rs.toShort("no_overall_prizes");
 }
 
@@ -161,7 +165,7 @@ bool Flag_Small_Event(Connection &conn, short comp, const QString &group)
     conn.execute("DELETE FROM dance_no_dancers WHERE " + Event_Where(comp, group));
     for (int n = 1; n <= 4; ++n)
         conn.execute("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES (" + Num(comp) + ",'"
-                     + group + "'," + Num(n) + ")");
+                     + Sql_Quote(group) + "'," + Num(n) + ")");
     return true;
 }
 
@@ -172,7 +176,7 @@ bool Flag_Small_Dance(Connection &conn, short comp, const QString &group, short 
         return false;
     Transaction t(conn);
     conn.execute("DELETE FROM dance_no_dancers WHERE " + where);
-    conn.execute("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES (" + Num(comp) + ",'" + group
+    conn.execute("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES (" + Num(comp) + ",'" + Sql_Quote(group)
                  + "'," + Num(dance) + ")");
     return true;
 }
@@ -190,7 +194,7 @@ void Set_Include_In_Trophies(Connection &conn, short comp, const QString &group,
     conn.execute("DELETE FROM dance_no_dancers WHERE " + Event_Where(comp, group) + " AND dance_id = " + Num(dance));
     if (value != 1)
         conn.execute("INSERT INTO dance_no_dancers(competition_id, group_id, dance_id) VALUES (" + Num(comp) + ",'"
-                     + group + "'," + Num(dance) + ")");
+                     + Sql_Quote(group) + "'," + Num(dance) + ")");
 }
 
 QString Judge_Name(Connection &conn, int judgeId)
@@ -206,7 +210,7 @@ void Set_Dance_Judge(Connection &conn, short comp, const QString &group, short d
     conn.execute("DELETE FROM judges_results_judges WHERE " + Event_Where(comp, group) + " AND dance_id = " + Num(dance)
                  + " AND result_no = " + Num(n));
     conn.execute("INSERT INTO judges_results_judges(competition_id, group_id, dance_id, result_no, judge_id) VALUES("
-                 + Num(comp) + ",'" + group + "'," + Num(dance) + "," + Num(n) + "," + Num(judgeId) + ")");
+                 + Num(comp) + ",'" + Sql_Quote(group) + "'," + Num(dance) + "," + Num(n) + "," + Num(judgeId) + ")");
 }
 
 std::array<std::optional<QString>, 3> Load_Dance_Judges(Connection &conn, short comp, const QString &group,
@@ -216,7 +220,7 @@ std::array<std::optional<QString>, 3> Load_Dance_Judges(Connection &conn, short 
     for (int n = 1; n <= 3; ++n) {
         RowSet rs = conn.query("SELECT j.forename, j.surname, j.judge_id FROM judges j, judges_results_judges r WHERE "
                                "j.competition_id = r.competition_id AND j.judge_id = r.judge_id AND r.group_id = '"
-                               + group + "' AND r.dance_id = " + Num(dance) + " AND r.competition_id = " + Num(comp)
+                               + Sql_Quote(group) + "' AND r.dance_id = " + Num(dance) + " AND r.competition_id = " + Num(comp)
                                + " AND r.result_no = " + Num(n));
         // Each row writes the header in turn: the last one found stands.
         for (; !rs.eof(); rs.next())
@@ -230,7 +234,7 @@ QList<QStringList> Overall_Result_Rows(Connection &conn, short comp, const QStri
     return Texts(conn.query(
         "Select ifnull(h.placing,'') || ifnull(h.tie,'') AS Place, h.competitor_id As Num, h.dance_points, "
         "ifnull(c.forename,'') || ' ' || ifnull(c.surname,'') as name from highland_results h, competitors c where "
-        "h.competition_id = " + Num(comp) + " AND c.competition_id = " + Num(comp) + " AND h.group_id = '" + group
+        "h.competition_id = " + Num(comp) + " AND c.competition_id = " + Num(comp) + " AND h.group_id = '" + Sql_Quote(group)
         + "' AND c.competitor_id = h.competitor_id Order by placing"));
 }
 
@@ -239,7 +243,7 @@ QList<QStringList> Dance_Result_Rows(Connection &conn, short comp, const QString
     return Texts(conn.query(
         "Select ifnull(o.placing,'') || ifnull(o.tie,'') AS Place, o.competitor_id As Num, "
         "ifnull(c.forename,'') || ' ' || ifnull(c.surname,'') as name from overall_dance_results o, competitors c where "
-        "o.competition_id = " + Num(comp) + " AND c.competition_id = " + Num(comp) + " AND o.group_id = '" + group
+        "o.competition_id = " + Num(comp) + " AND c.competition_id = " + Num(comp) + " AND o.group_id = '" + Sql_Quote(group)
         + "' AND o.dance_id = " + Num(dance) + " AND o.points  > 0 AND o.competitor_id = c.competitor_id order by placing"));
 }
 

@@ -48,8 +48,8 @@ QList<Event_Dance> Load_Event_Dances(Connection &conn, short comp, const QString
 // event's own names where it has them.
 std::array<QString, 4> Load_Dance_Names(Connection &conn, short comp, const QString &group);
 // One dance of the rename (n 1 to 4): a name that differs from the default is
-// stored, otherwise only the old row goes. The name goes in as typed, so a
-// quote in it makes the insert fail after the delete. True when stored.
+// stored, otherwise only the old row goes. A fault keeps the old row and goes
+// on to the caller. True when stored.
 bool Save_Dance_Name(Connection &conn, short comp, const QString &group, int n, const QString &name);
 // All four names back to the defaults.
 void Reset_Dance_Names(Connection &conn, short comp, const QString &group);
