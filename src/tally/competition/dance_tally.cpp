@@ -4,6 +4,7 @@
 
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/routines.h"
 #include "tally/place_table.h"
 #include "tally/rank_walk.h"
 #include "tally/tally_transaction.h"
@@ -24,7 +25,7 @@ void Recalc_Dance(Connection &conn, short &noPrizes, bool autoSelected, int mark
     const QString id = QString::number(Current_Competition_Id);
     const QString dance = QString::number(Current_Dance_Id);
     const QString where = QStringLiteral(" WHERE competition_id = ") + id + QStringLiteral(" AND group_id = '")
-                          + Current_Group_Id + QStringLiteral("' AND dance_id = ") + dance;
+                          + Sql_Quote(Current_Group_Id) + QStringLiteral("' AND dance_id = ") + dance;
 
     // Competition events never fill this; it stays clean when a category changes kind.
     conn.execute(QStringLiteral("DELETE FROM dance_results") + where);
@@ -42,7 +43,7 @@ void Recalc_Dance(Connection &conn, short &noPrizes, bool autoSelected, int mark
     for (const Entry &e : placed) {
         conn.execute(QStringLiteral("INSERT INTO overall_dance_results(competition_id, group_id, dance_id, competitor_id, "
                                     "points, placing, tie) VALUES (")
-                     + id + QStringLiteral(",'") + Current_Group_Id + QStringLiteral("',") + dance + QStringLiteral(", ")
+                     + id + QStringLiteral(",'") + Sql_Quote(Current_Group_Id) + QStringLiteral("',") + dance + QStringLiteral(", ")
                      + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)
                      + QStringLiteral(", ") + QString::number(e.place) + QStringLiteral(",'") + e.tie
                      + QStringLiteral("')"));

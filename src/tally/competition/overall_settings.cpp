@@ -2,13 +2,14 @@
 
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/routines.h"
 
 Overall_Settings Read_Overall_Settings(Connection &conn)
 {
     RowSet rs = conn.query(QStringLiteral("Select split_overalls, no_overall_prizes, inc_t_fling from age_groups "
                                           "where competition_id = ")
                            + QString::number(Current_Competition_Id) + QStringLiteral(" AND competition_group_id = '")
-                           + Current_Group_Id + QStringLiteral("'"));
+                           + Sql_Quote(Current_Group_Id) + QStringLiteral("'"));
     Overall_Settings s;
     s.No_Overall_Prizes = To_Int16(rs.value(QStringLiteral("no_overall_prizes")));
     s.Split_Overalls = rs.text(QStringLiteral("split_overalls"));

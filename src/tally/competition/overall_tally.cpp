@@ -2,6 +2,7 @@
 
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/routines.h"
 #include "core/pause.h"
 #include "tally/place_table.h"
 #include "tally/rank_walk.h"
@@ -29,7 +30,7 @@ void Overall_Pass(Connection &conn, const QString &sumSql, const QString &table,
     const QString head = QStringLiteral("INSERT INTO ") + table
                          + QStringLiteral("(competition_id, group_id, competitor_id, points, dance_points, placing, tie) "
                                           "VALUES (")
-                         + QString::number(Current_Competition_Id) + QStringLiteral(",'") + Current_Group_Id
+                         + QString::number(Current_Competition_Id) + QStringLiteral(",'") + Sql_Quote(Current_Group_Id)
                          + QStringLiteral("',");
     for (const Entry &e : placed) {
         conn.execute(head + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)
@@ -54,7 +55,7 @@ void Recalc_Overall(Connection &conn, const Overall_Settings &settings, const Ta
 
     Tally_Transaction t(conn);
     const QString event = QStringLiteral(" WHERE competition_id = ") + QString::number(Current_Competition_Id)
-                          + QStringLiteral(" AND group_id = '") + Current_Group_Id + QStringLiteral("'");
+                          + QStringLiteral(" AND group_id = '") + Sql_Quote(Current_Group_Id) + QStringLiteral("'");
     const QString sum = QStringLiteral("SELECT SUM(points) AS points, competitor_id FROM overall_dance_results") + event
                         + settings.Dance_Filter;
     const QString grouped = QStringLiteral(" GROUP BY competitor_id ORDER BY 1 DESC");

@@ -2,6 +2,7 @@
 
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/routines.h"
 #include "tally/tally_transaction.h"
 
 namespace {
@@ -9,13 +10,13 @@ namespace {
 QString danceKey()
 {
     return QStringLiteral(" WHERE competition_id = ") + QString::number(Current_Competition_Id)
-           + QStringLiteral(" AND group_id = '") + Current_Group_Id + QStringLiteral("' AND dance_id = ")
+           + QStringLiteral(" AND group_id = '") + Sql_Quote(Current_Group_Id) + QStringLiteral("' AND dance_id = ")
            + QString::number(Current_Dance_Id);
 }
 
 QString insertHead()
 {
-    return QString::number(Current_Competition_Id) + QStringLiteral(",'") + Current_Group_Id + QStringLiteral("',")
+    return QString::number(Current_Competition_Id) + QStringLiteral(",'") + Sql_Quote(Current_Group_Id) + QStringLiteral("',")
            + QString::number(Current_Dance_Id) + QLatin1Char(',');
 }
 
@@ -26,7 +27,7 @@ Prize_Choice Choose_No_Prizes(Connection &conn, short eventNoPrizes)
     Prize_Choice choice{eventNoPrizes, false};
     RowSet rs = conn.query(QStringLiteral("Select no_prizes FROM dance_no_prizes where competition_id = ")
                            + QString::number(Current_Competition_Id) + QStringLiteral(" AND group_id = '")
-                           + Current_Group_Id + QStringLiteral("'") + QStringLiteral(" AND dance_id =")
+                           + Sql_Quote(Current_Group_Id) + QStringLiteral("'") + QStringLiteral(" AND dance_id =")
                            + QString::number(Current_Dance_Id));
     for (; !rs.eof(); rs.next()) {
         choice.No_Prizes = To_Int16(rs.value(QStringLiteral("no_prizes")));

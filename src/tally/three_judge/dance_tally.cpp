@@ -2,6 +2,7 @@
 
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/routines.h"
 #include "tally/place_table.h"
 #include "tally/rank_walk.h"
 
@@ -24,7 +25,7 @@ struct Summed_Entry : Ranked_Entry
 
 QString danceWhere(const QString &id, const QString &dance)
 {
-    return QStringLiteral(" WHERE competition_id = ") + id + QStringLiteral(" AND group_id = '") + Current_Group_Id
+    return QStringLiteral(" WHERE competition_id = ") + id + QStringLiteral(" AND group_id = '") + Sql_Quote(Current_Group_Id)
            + QStringLiteral("' AND dance_id = ") + dance;
 }
 
@@ -39,7 +40,7 @@ void Judge_Pass(Connection &conn, int resultNo, const QString &id, const QString
                                                [](Judge_Entry &e) { e.points = Place_Points(e.place); });
     const QString head = QStringLiteral("INSERT INTO dance_results(competition_id, group_id, dance_id, result_no, "
                                         "competitor_id, points, placing) VALUES (")
-                         + id + QStringLiteral(",'") + Current_Group_Id + QStringLiteral("',") + dance
+                         + id + QStringLiteral(",'") + Sql_Quote(Current_Group_Id) + QStringLiteral("',") + dance
                          + QLatin1Char(',') + QString::number(resultNo) + QStringLiteral(", ");
     for (const Judge_Entry &e : placed)
         conn.execute(head + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)
@@ -70,7 +71,7 @@ void Tally_Dance(Connection &conn)
         Rank_Rows<Summed_Entry>(rs, QStringLiteral("points"), Rank_Walk(Walk_Start, Rank_Walk::No_Limit), fill);
     const QString head = QStringLiteral("INSERT INTO overall_dance_results(competition_id, group_id, dance_id, "
                                         "competitor_id, points, total_dance_points, placing, tie) VALUES (")
-                         + id + QStringLiteral(",'") + Current_Group_Id + QStringLiteral("',") + dance
+                         + id + QStringLiteral(",'") + Sql_Quote(Current_Group_Id) + QStringLiteral("',") + dance
                          + QLatin1Char(',');
     for (const Summed_Entry &e : placed)
         conn.execute(head + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)

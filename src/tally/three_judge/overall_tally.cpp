@@ -3,6 +3,7 @@
 
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/routines.h"
 #include "core/pause.h"
 #include "tally/place_table.h"
 #include "tally/rank_walk.h"
@@ -41,7 +42,7 @@ void Tally_Overall(Connection &conn, const Tally_Progress &progress)
     Tally_Transaction t(conn);
     const QString id = QString::number(Current_Competition_Id);
     const QString event = QStringLiteral(" WHERE competition_id = ") + id + QStringLiteral(" AND group_id = '")
-                          + Current_Group_Id + QStringLiteral("'");
+                          + Sql_Quote(Current_Group_Id) + QStringLiteral("'");
 
     conn.execute(QStringLiteral("DELETE FROM highland_results") + event);
     // Ranked on the dances' place points, not on the judges' points.
@@ -56,7 +57,7 @@ void Tally_Overall(Connection &conn, const Tally_Progress &progress)
     });
     const QString head = QStringLiteral("INSERT INTO highland_results(competition_id, group_id, competitor_id, points, "
                                         "dance_points, total_dance_points, placing, tied) VALUES (")
-                         + id + QStringLiteral(",'") + Current_Group_Id + QStringLiteral("',");
+                         + id + QStringLiteral(",'") + Sql_Quote(Current_Group_Id) + QStringLiteral("',");
     for (const Entry &e : placed)
         conn.execute(head + QString::number(e.competitor) + QStringLiteral(", ") + QString::number(e.points)
                      + QStringLiteral(", ") + QString::number(e.dancePoints) + QStringLiteral(", ")

@@ -2,13 +2,14 @@
 
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/routines.h"
 
 namespace {
 
 QString eventWhere()
 {
     return QStringLiteral(" WHERE competition_id = ") + QString::number(Current_Competition_Id)
-           + QStringLiteral(" AND group_id = '") + Current_Group_Id + QStringLiteral("'");
+           + QStringLiteral(" AND group_id = '") + Sql_Quote(Current_Group_Id) + QStringLiteral("'");
 }
 
 QString dancerWhere(const QString &competitor)
@@ -40,7 +41,7 @@ void Gather_Measures(Connection &conn)
                                      .text(QStringLiteral("no_firsts"));
         conn.execute(QStringLiteral("INSERT INTO tie_break(competition_id, group_id, competitor_id, placing, no_firsts, "
                                     "no_prizes, dance_points) VALUES (")
-                     + QString::number(Current_Competition_Id) + QStringLiteral(",'") + Current_Group_Id
+                     + QString::number(Current_Competition_Id) + QStringLiteral(",'") + Sql_Quote(Current_Group_Id)
                      + QStringLiteral("',") + competitor + QLatin1Char(',') + tied.text(QStringLiteral("placing"))
                      + QLatin1Char(',') + noFirsts + QLatin1Char(',') + noPrizes + QLatin1Char(',') + dancePoints
                      + QLatin1Char(')'));
