@@ -18,6 +18,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     m_mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_mdi);
+    connect(m_mdi, &QMdiArea::subWindowActivated, this, &frmMain::Refresh_Title);
     Build_Menus();
     Keep_Track(this, true);
 }
@@ -31,7 +32,12 @@ void frmMain::Compact_With_Message()
 void frmMain::Load()
 {
     Compact_With_Message();
-    setGeometry(Load_Main_Geometry());
+    // A first start has no stored place: a window of 6500 twips hides half
+    // the menu, so it opens filling the screen.
+    if (Has_Main_Geometry())
+        setGeometry(Load_Main_Geometry());
+    else
+        setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 bool frmMain::Unload_Steps()

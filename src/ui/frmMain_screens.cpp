@@ -1,6 +1,7 @@
 // Which screen each menu item opens, and the screens open under the menu.
 #include "frmMain.h"
 #include "frmSelectCompetition.h"
+#include "core/globals.h"
 
 #include <QDialog>
 #include <QEvent>
@@ -52,6 +53,14 @@ private:
     QPointer<QWidget> m_screen;
 };
 
+// The title without the name of a full-size screen that the window shows
+// after it in brackets.
+QString Own_Title(const QString &title)
+{
+    const int at = title.indexOf(QLatin1String(" - ["));
+    return at >= 0 && title.endsWith(QLatin1Char(']')) ? title.left(at) : title;
+}
+
 // The screens of this folder register themselves.
 void Register_Own_Screens()
 {
@@ -86,6 +95,14 @@ frmMain::~frmMain()
     Keep_Track(this, false);
 }
 
+void frmMain::Refresh_Title()
+{
+    QMdiSubWindow *front = m_mdi->currentSubWindow();
+    const QString own = front ? m_screenTitles.value(front, App_Title) : App_Title;
+    if (Own_Title(windowTitle()) != own)
+        setWindowTitle(own);
+}
+
 QWidget *frmMain::Open_Screen_Of(const QString &item) const
 {
     const QPointer<QMdiSubWindow> frame = m_open.value(item);
@@ -101,9 +118,12 @@ QWidget *frmMain::Open_Screen(const QString &item)
     }
     if (!Has_Screen(item))
         return nullptr;
+    const QString titleBefore = Own_Title(windowTitle());
     QWidget *screen = registry().value(item)();
     if (!screen)
         return nullptr;
+    // A screen may name itself in the window's title while it is in front.
+    const QString screenTitle = Own_Title(windowTitle());
     // A dialogue keeps its own window; every other screen fills the space
     // under the menu.
     if (qobject_cast<QDialog *>(screen)) {
@@ -119,6 +139,12 @@ QWidget *frmMain::Open_Screen(const QString &item)
     frame->setWindowIcon(QIcon(blank));
     new Frame_Closer(frame, screen);
     m_open.insert(item, frame);
+    if (screenTitle != titleBefore)
+        m_screenTitles.insert(frame, screenTitle);
+    connect(frame, &QObject::destroyed, this, [this, frame] {
+        m_screenTitles.remove(frame);
+        QTimer::singleShot(0, this, &frmMain::Refresh_Title);
+    });
     frame->showMaximized();
     screen->setFocus();
     return screen;
