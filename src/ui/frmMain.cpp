@@ -2,6 +2,7 @@
 #include "geometry_store.h"
 #include "core/database_file.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 
@@ -25,6 +26,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
 void frmMain::Compact_With_Message()
 {
+    Doing doing(QStringLiteral("Compacting and backing up the database"));
     Compact_Database();
     Msg_Box(QStringLiteral("Database compacted and backed up!"));
 }
@@ -53,7 +55,7 @@ bool frmMain::Unload_Steps()
     try {
         Compact_With_Message();
     } catch (const AppError &e) {
-        Msg_Box(e.message(), vbCritical, App_Title);
+        Msg_Box(Fault_Text(e.message()), vbCritical, App_Title);
     }
     return true;
 }

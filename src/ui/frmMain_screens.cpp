@@ -1,8 +1,10 @@
 // Which screen each menu item opens, and the screens open under the menu.
 #include "frmMain.h"
 #include "frmSelectCompetition.h"
+#include "core/doing.h"
 #include "core/globals.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QEvent>
 #include <QIcon>
@@ -118,6 +120,8 @@ QWidget *frmMain::Open_Screen(const QString &item)
     }
     if (!Has_Screen(item))
         return nullptr;
+    const QAction *action = m_actions.value(item);
+    Doing doing(QStringLiteral("Opening ") + (action ? action->text().remove(QLatin1Char('&')) : item));
     const QString titleBefore = Own_Title(windowTitle());
     QWidget *screen = registry().value(item)();
     if (!screen)

@@ -3,6 +3,7 @@
 #include "three_judge_screen.h"
 #include "mark_rules.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "tally/three_judge/three_judge_tally.h"
@@ -43,6 +44,7 @@ void ThreeJudgeScreen::LstGroup_Click()
     if (Unsaved_Marks() && !Ask_And_Save())
         return;
     m_loadingEvent = true;
+    Doing doing(QStringLiteral("Selecting the event ") + LstGroup->item(row)->text());
     try {
         Select_Event(row);
     } catch (const AppError &e) {
