@@ -1,6 +1,7 @@
 // Which screen each menu item opens, and the screens open under the menu.
 #include "frmMain.h"
 #include "frmSelectCompetition.h"
+#include "grid/column_fit.h"
 #include "core/doing.h"
 #include "core/globals.h"
 
@@ -95,6 +96,9 @@ void frmMain::Keep_Track(frmMain *window, bool live)
 frmMain::~frmMain()
 {
     Keep_Track(this, false);
+    // The screens go after the window's own members: they must not call back.
+    for (QMdiSubWindow *frame : m_mdi->findChildren<QMdiSubWindow *>())
+        frame->disconnect(this);
 }
 
 void frmMain::Refresh_Title()
@@ -135,6 +139,7 @@ QWidget *frmMain::Open_Screen(const QString &item)
         screen->show();
         return screen;
     }
+    Keep_Screen_Fitted(screen);
     QMdiSubWindow *frame = m_mdi->addSubWindow(screen);
     frame->setAttribute(Qt::WA_DeleteOnClose);
     frame->setWindowTitle(screen->windowTitle());
