@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QtTest>
 
 #include <unistd.h>
@@ -29,13 +30,6 @@ QByteArray contents(const QString &path)
     f.open(QIODevice::ReadOnly);
     return f.readAll();
 }
-
-// Undoes the mounts of one case, before its folder goes.
-struct Undo
-{
-    QString script;
-    ~Undo() { sh(script); }
-};
 
 } // namespace
 
@@ -81,7 +75,7 @@ void TestStartupFaults::unusable_folder_says_why()
     auto fill = [&](QString script) {
         return script.replace("%1", env.path()).replace("%2", elsewhere.path()).replace("%3", Prepared_Database_Path());
     };
-    Undo undoer{fill(undo)};
+    auto undoMounts = qScopeGuard([&] { sh(fill(undo)); });  // before the folder goes
     QVERIFY(sh(fill(make)));
     const QStringList files = QDir(env.path()).entryList(QDir::Files);
     const QByteArray before = contents(env.file(DB_FILE));
@@ -129,7 +123,6 @@ void TestStartupFaults::fault_says_what_was_being_done()
         QCOMPARE(Fault_Text(e.message()), QString("Saving the event Under 12: database or disk is full"));
     }
     QCOMPARE(Fault_Text("disk I/O error", "Working on Judges"), QString("Working on Judges: disk I/O error"));
-    QCOMPARE(Fault_Text("disk I/O error"), QString("disk I/O error"));
     // At start: a file whose settings table has gone.
     TestDataFolder env;
     Connection c;
