@@ -7,6 +7,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
+
+#include <unistd.h>
 
 QString Find_Data_Dir()
 {
@@ -38,10 +41,86 @@ bool Open_Database(Connection &conn)
         return false;
     try {
         conn.open();
+        // An empty file opens as an empty database: it is none of ours.
+        if (conn.scalar(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name = 'db_info'")).toInt() == 0) {
+            conn.close();
+            return false;
+        }
         return true;
     } catch (const AppError &) {
+        conn.close();
         return false;
     }
+}
+
+bool Adopt_Database_Name()
+{
+    if (QFileInfo(Data_Dir + DB_FILE).isFile())
+        return true;
+    QStringList others;
+    for (const QString &name : QDir(Data_Dir).entryList(QDir::Files | QDir::Hidden))
+        if (name.compare(DB_FILE, Qt::CaseInsensitive) == 0)
+            others << name;
+    if (others.size() != 1)
+        return true;
+    return QFile::rename(Data_Dir + others.first(), Data_Dir + DB_FILE);
+}
+
+namespace {
+
+// Room for the compacted copy beside the file, with a margin for the journal.
+constexpr qint64 SPACE_MARGIN = 1024 * 1024;
+
+qint64 Space_Needed()
+{
+    return QFileInfo(Data_Dir + DB_FILE).size() + SPACE_MARGIN;
+}
+
+bool Writable(const QString &path)
+{
+    return ::access(QFile::encodeName(path).constData(), W_OK) == 0;
+}
+
+} // namespace
+
+Folder_Problem Check_Data_Folder()
+{
+    if (!Writable(Data_Dir + DB_FILE))
+        return Folder_Problem::Read_Only_File;
+    if (!Writable(Data_Dir))
+        return Folder_Problem::Read_Only_Folder;
+    QStorageInfo disk(Data_Dir);
+    disk.refresh();
+    if (disk.isValid() && disk.bytesAvailable() < Space_Needed())
+        return Folder_Problem::Disk_Full;
+    return Folder_Problem::None;
+}
+
+QString Folder_Problem_Text(Folder_Problem problem)
+{
+    const QString untouched = QStringLiteral(" Nothing has been changed.");
+    switch (problem) {
+    case Folder_Problem::Read_Only_File:
+        return QStringLiteral("The database file is read-only, so Strathmark cannot save to it:\n") + Data_Dir + DB_FILE
+               + QStringLiteral("\n\nMake the file writable for your user, or copy the data folder to a place you can "
+                                "write to, and start Strathmark again.")
+               + untouched;
+    case Folder_Problem::Read_Only_Folder:
+        return QStringLiteral("Strathmark cannot write in its data folder:\n") + Data_Dir
+               + QStringLiteral("\n\nIt keeps the backup ") + DB_BACKUP_FILE
+               + QStringLiteral(" and a compacted copy beside the database there. Allow your user to write in this "
+                                "folder and start Strathmark again.")
+               + untouched;
+    case Folder_Problem::Disk_Full:
+        return QStringLiteral("The disk that holds the data folder is full:\n") + Data_Dir
+               + QStringLiteral("\n\nStrathmark needs about %1 MB free there to keep a backup while it compacts the "
+                                "database. Free some space on that disk and start Strathmark again.")
+                     .arg((Space_Needed() + 1024 * 1024 - 1) / (1024 * 1024))
+               + untouched;
+    case Folder_Problem::None:
+        break;
+    }
+    return QString();
 }
 
 void Read_Options(Connection &conn)

@@ -13,8 +13,24 @@ QString Find_Data_Dir();
 QString Data_Sub_Dir(const QString &name);
 
 // Opens conn on tallier.mdb. False when the file cannot be opened for any
-// reason (missing, wrong key, not a database); the file is never created.
+// reason (missing, empty, wrong key, not this program's database); the file
+// is never created.
 bool Open_Database(Connection &conn);
+
+// A data folder copied from an older installation may hold the database as
+// Tallier.mdb or TALLIER.MDB. With tallier.mdb missing and exactly one file
+// of that name in another case, it is renamed to tallier.mdb. False when that
+// rename failed.
+bool Adopt_Database_Name();
+
+// What keeps the program from writing its data, found before it writes.
+enum class Folder_Problem { None, Read_Only_File, Read_Only_Folder, Disk_Full };
+// The start writes the file and keeps a compacted copy and a backup beside
+// it: the file and the folder must be writable, and the disk must have room
+// for one more copy.
+Folder_Problem Check_Data_Folder();
+// The box for a problem: what is wrong, in which folder, what to do.
+QString Folder_Problem_Text(Folder_Problem problem);
 
 // Reads the options of system_settings into the globals.
 void Read_Options(Connection &conn);

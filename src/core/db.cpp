@@ -301,7 +301,7 @@ QString RowSet::text(const QString &name) const
     if (v.isNull())
         return QString();
     if (v.typeId() == QMetaType::Double) {
-        // Numbers read as the original shows them: 87.5, 12 (no ".0").
+        // Numbers read as the tallier typed them: 87.5, 12 (no ".0").
         return QString::number(v.toDouble(), 'g', 15);
     }
     return v.toString();
@@ -500,6 +500,6 @@ short To_Int16(const QVariant &v)
         throw AppError(QStringLiteral("Type mismatch"));
     if (d < -32768.5 || d >= 32767.5)
         throw AppError(QStringLiteral("Overflow"));
-    // Rounds half to even, as the original's conversion to a 16-bit number did.
+    // Rounds half to even (2.5 gives 2, 3.5 gives 4), as every 16-bit conversion of the program does.
     return static_cast<short>(std::nearbyint(d));
 }

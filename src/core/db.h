@@ -95,7 +95,7 @@ void In_Savepoint(Connection &conn, Work &&work)
 }
 
 // A forward row set, read whole when the statement runs. Fields are found by
-// name, case-insensitively, as the original engine did.
+// name, case-insensitively: statements spell a field in either case.
 class RowSet
 {
 public:
@@ -168,6 +168,6 @@ private:
     std::vector<QVariantList> m_original;
 };
 
-// 16-bit range check, the fault the original had on a number out of range.
+// 16-bit range check: a number out of range is an "Overflow" fault.
 short To_Int16(qint64 v);
 short To_Int16(const QVariant &v);

@@ -1,5 +1,5 @@
 -- The database at version 4.6. Text columns compare without regard to case,
--- as the original engine did; number columns refuse text (guards added by
+-- as statements and stored files expect; number columns refuse text (guards added by
 -- the build). Counters are INTEGER PRIMARY KEY.
 
 CREATE TABLE competitions (

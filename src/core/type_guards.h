@@ -2,7 +2,7 @@
 
 class Connection;
 
-// Number columns refuse text, as the original engine did: without this a
+// Number columns refuse text, so that a mistyped value fails: without this a
 // mark column would keep 'D' or 'abc', and text sorts above every number.
 // Adds a BEFORE INSERT and a BEFORE UPDATE trigger to each table that has
 // number columns; replaces any guards made before.

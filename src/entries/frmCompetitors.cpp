@@ -87,7 +87,7 @@ void frmCompetitors::Place_Frames()
     // Both frames float over the grid: the event list at its right edge, the
     // search panel in its middle.
     const QRect g = MSFlexGrid1->geometry();
-    const int w = qMin(320, g.width());
+    const int w = qMin(qMax(320, LstAG->sizeHintForColumn(0) + 60), g.width());
     FrameAG->setGeometry(g.right() - w - 20, g.top() + 30, w, qMax(200, g.height() * 2 / 3));
     const QSize s = FrameSearch->sizeHint().expandedTo(QSize(560, 0));
     FrameSearch->setGeometry(g.left() + qMax(0, (g.width() - s.width()) / 2), g.top() + 40, s.width(), s.height());

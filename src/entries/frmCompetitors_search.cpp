@@ -5,6 +5,7 @@
 #include "event_lists.h"
 
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "ui/grid/flex_grid.h"
@@ -169,7 +170,7 @@ void frmCompetitors::CmdSearch_Click()
     } catch (const AppError &e) {
         // Typed texts go into the statement as they are, and one that breaks
         // it must not leave the grid without a statement that runs.
-        Msg_Box(e.message(), vbExclamation, App_Title);
+        Msg_Box(Fault_Text(e.message(), QStringLiteral("Searching the competitors")), vbExclamation, App_Title);
         Rules().setStatement(before);
         Refresh_Grid();
         FrameSearch->show();

@@ -1,7 +1,10 @@
 #include "application.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
+
+#include <QMdiSubWindow>
 
 StrathmarkApp::StrathmarkApp(int &argc, char **argv) : QApplication(argc, argv)
 {
@@ -11,7 +14,12 @@ StrathmarkApp::StrathmarkApp(int &argc, char **argv) : QApplication(argc, argv)
 
 void Show_Unhandled_Fault(const QString &message)
 {
-    Msg_Box(message, vbCritical, App_Title);
+    // The engine's words alone tell the tallier nothing: the action comes first.
+    QWidget *w = QApplication::focusWidget();
+    while (w && !w->isWindow() && !qobject_cast<QMdiSubWindow *>(w->parentWidget()))
+        w = w->parentWidget();
+    const QString fallback = w ? QStringLiteral("Working on ") + w->windowTitle() : QString();
+    Msg_Box(Fault_Text(message, fallback), vbCritical, App_Title);
 }
 
 bool StrathmarkApp::notify(QObject *receiver, QEvent *event)

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -11,6 +12,18 @@ namespace {
 QWidget *parentWindow()
 {
     return QApplication::activeWindow();
+}
+
+// A box is at least as wide as its title, with room for the frame's buttons
+// beside it: a narrow box would cut the title short.
+void Fit_Title(QMessageBox &box)
+{
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int need = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) * 5 / 4 + 140;
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
+        grid->addItem(new QSpacerItem(need, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
+                      grid->columnCount());
 }
 
 int showBox(const QString &text, int style, const QString &title)
@@ -47,6 +60,7 @@ int showBox(const QString &text, int style, const QString &title)
     default:
         box.setStandardButtons(QMessageBox::Ok);
     }
+    Fit_Title(box);
     switch (box.exec()) {
     case QMessageBox::Yes:
         return vbYes;
@@ -66,6 +80,7 @@ void showTimed(const QString &text, const QString &title, int msec)
     box.setText(text);
     box.setIcon(QMessageBox::Information);
     box.setStandardButtons(QMessageBox::Ok);
+    Fit_Title(box);
     QTimer::singleShot(msec, &box, &QMessageBox::accept);
     box.exec();
 }

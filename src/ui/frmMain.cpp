@@ -2,6 +2,7 @@
 #include "geometry_store.h"
 #include "core/database_file.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 
@@ -18,12 +19,14 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     m_mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_mdi);
+    connect(m_mdi, &QMdiArea::subWindowActivated, this, &frmMain::Refresh_Title);
     Build_Menus();
     Keep_Track(this, true);
 }
 
 void frmMain::Compact_With_Message()
 {
+    Doing doing(QStringLiteral("Compacting and backing up the database"));
     Compact_Database();
     Msg_Box(QStringLiteral("Database compacted and backed up!"));
 }
@@ -31,7 +34,12 @@ void frmMain::Compact_With_Message()
 void frmMain::Load()
 {
     Compact_With_Message();
-    setGeometry(Load_Main_Geometry());
+    // A first start has no stored place: a window of 6500 twips hides half
+    // the menu, so it opens filling the screen.
+    if (Has_Main_Geometry())
+        setGeometry(Load_Main_Geometry());
+    else
+        setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 bool frmMain::Unload_Steps()
@@ -47,7 +55,7 @@ bool frmMain::Unload_Steps()
     try {
         Compact_With_Message();
     } catch (const AppError &e) {
-        Msg_Box(e.message(), vbCritical, App_Title);
+        Msg_Box(Fault_Text(e.message()), vbCritical, App_Title);
     }
     return true;
 }

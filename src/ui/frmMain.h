@@ -51,6 +51,9 @@ private:
     static void Keep_Track(frmMain *window, bool live);
     void Build_Menus();
     void Refresh_Menu();
+    // The window's own title again: the one the screen in front gave it when
+    // it opened, or the program's title.
+    void Refresh_Title();
     void Run_Guarded(const QString &item);
     void Stamp_File();
     void Compact_With_Message();
@@ -63,4 +66,5 @@ private:
     QMdiArea *m_mdi = nullptr;
     QHash<QString, QAction *> m_actions;
     QHash<QString, QPointer<QMdiSubWindow>> m_open;
+    QHash<QMdiSubWindow *, QString> m_screenTitles;
 };

@@ -7,6 +7,7 @@
 #include "menu_guard.h"
 #include "core/database_file.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "core/page_setup.h"
@@ -123,7 +124,7 @@ void frmMain::Stamp_File()
     try {
         Stamp_Database();
     } catch (const AppError &e) {
-        Msg_Box(e.message(), vbCritical, App_Title);
+        Msg_Box(Fault_Text(e.message(), QStringLiteral("Noting the time of use in the database")), vbCritical, App_Title);
     }
 }
 

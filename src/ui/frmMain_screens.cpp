@@ -1,7 +1,11 @@
 // Which screen each menu item opens, and the screens open under the menu.
 #include "frmMain.h"
 #include "frmSelectCompetition.h"
+#include "grid/column_fit.h"
+#include "core/doing.h"
+#include "core/globals.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QEvent>
 #include <QIcon>
@@ -52,6 +56,14 @@ private:
     QPointer<QWidget> m_screen;
 };
 
+// The title without the name of a full-size screen that the window shows
+// after it in brackets.
+QString Own_Title(const QString &title)
+{
+    const int at = title.indexOf(QLatin1String(" - ["));
+    return at >= 0 && title.endsWith(QLatin1Char(']')) ? title.left(at) : title;
+}
+
 // The screens of this folder register themselves.
 void Register_Own_Screens()
 {
@@ -84,6 +96,17 @@ void frmMain::Keep_Track(frmMain *window, bool live)
 frmMain::~frmMain()
 {
     Keep_Track(this, false);
+    // The screens go after the window's own members: they must not call back.
+    for (QMdiSubWindow *frame : m_mdi->findChildren<QMdiSubWindow *>())
+        frame->disconnect(this);
+}
+
+void frmMain::Refresh_Title()
+{
+    QMdiSubWindow *front = m_mdi->currentSubWindow();
+    const QString own = front ? m_screenTitles.value(front, App_Title) : App_Title;
+    if (Own_Title(windowTitle()) != own)
+        setWindowTitle(own);
 }
 
 QWidget *frmMain::Open_Screen_Of(const QString &item) const
@@ -101,9 +124,14 @@ QWidget *frmMain::Open_Screen(const QString &item)
     }
     if (!Has_Screen(item))
         return nullptr;
+    const QAction *action = m_actions.value(item);
+    Doing doing(QStringLiteral("Opening ") + (action ? action->text().remove(QLatin1Char('&')) : item));
+    const QString titleBefore = Own_Title(windowTitle());
     QWidget *screen = registry().value(item)();
     if (!screen)
         return nullptr;
+    // A screen may name itself in the window's title while it is in front.
+    const QString screenTitle = Own_Title(windowTitle());
     // A dialogue keeps its own window; every other screen fills the space
     // under the menu.
     if (qobject_cast<QDialog *>(screen)) {
@@ -111,6 +139,7 @@ QWidget *frmMain::Open_Screen(const QString &item)
         screen->show();
         return screen;
     }
+    Keep_Screen_Fitted(screen);
     QMdiSubWindow *frame = m_mdi->addSubWindow(screen);
     frame->setAttribute(Qt::WA_DeleteOnClose);
     frame->setWindowTitle(screen->windowTitle());
@@ -119,6 +148,12 @@ QWidget *frmMain::Open_Screen(const QString &item)
     frame->setWindowIcon(QIcon(blank));
     new Frame_Closer(frame, screen);
     m_open.insert(item, frame);
+    if (screenTitle != titleBefore)
+        m_screenTitles.insert(frame, screenTitle);
+    connect(frame, &QObject::destroyed, this, [this, frame] {
+        m_screenTitles.remove(frame);
+        QTimer::singleShot(0, this, &frmMain::Refresh_Title);
+    });
     frame->showMaximized();
     screen->setFocus();
     return screen;

@@ -38,6 +38,16 @@ QRect Load_Main_Geometry()
                  Twips_To_Pixels(readKey(s, "MainWidth", 6500)), Twips_To_Pixels(readKey(s, "MainHeight", 6500)));
 }
 
+bool Has_Main_Geometry()
+{
+    OPEN_STORE(s);
+    s.beginGroup(QStringLiteral("Settings"));
+    for (const char *key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"})
+        if (s.contains(QString::fromLatin1(key)))
+            return true;
+    return false;
+}
+
 void Save_Main_Geometry(const QRect &r)
 {
     OPEN_STORE(s);

@@ -7,8 +7,23 @@
 #include "core/prepared_file.h"
 #include "core/db.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/globals.h"
 #include "core/pause.h"
+
+namespace {
+
+// A box that says what keeps the program from writing, when something does.
+bool Refuse_Folder_Problem()
+{
+    const Folder_Problem problem = Check_Data_Folder();
+    if (problem == Folder_Problem::None)
+        return false;
+    Msg_Box(Folder_Problem_Text(problem), vbCritical, App_Title);
+    return true;
+}
+
+} // namespace
 
 std::unique_ptr<frmMain> Start_Program()
 {
@@ -16,12 +31,17 @@ std::unique_ptr<frmMain> Start_Program()
     Db_Password = QString::fromLatin1(DB_PASSWORD_CONSTANT);
     Current_Competition_Id = 0;
     try {
+        Doing doing(QStringLiteral("Finding the data folder"));
         Data_Dir = Find_Data_Dir();
     } catch (const AppError &e) {
-        Msg_Box(e.message(), vbCritical, App_Title);
+        Msg_Box(Fault_Text(e.message()), vbCritical, App_Title);
         return nullptr;
     }
     Finish_Interrupted_Compaction();
+    if (!Adopt_Database_Name()) {
+        Msg_Box(Folder_Problem_Text(Folder_Problem::Read_Only_Folder), vbCritical, App_Title);
+        return nullptr;
+    }
     Lay_Prepared_Database();
 
     Connection conn;
@@ -29,6 +49,9 @@ std::unique_ptr<frmMain> Start_Program()
         Msg_Box(QStringLiteral("Unable to open database ") + Data_Dir);
         return nullptr;
     }
+    // Nothing is written until the folder is known to take it.
+    if (Refuse_Folder_Problem())
+        return nullptr;
 
     frmSplash splash;
     splash.show();
@@ -37,19 +60,28 @@ std::unique_ptr<frmMain> Start_Program()
         Pause_Ms(75);
 
     try {
-        Upgrade_Database(conn);
-        Read_Options(conn);
-        Stamp_Database(conn);
-        conn.close();
-        Compact_Database();
-
+        {
+            Doing doing(QStringLiteral("Opening the database"));
+            Upgrade_Database(conn);
+            Read_Options(conn);
+            Stamp_Database(conn);
+            conn.close();
+        }
+        {
+            Doing doing(QStringLiteral("Compacting and backing up the database"));
+            Compact_Database();
+        }
         auto main = std::make_unique<frmMain>();
         main->Load();
         splash.close();
         main->show();
         return main;
     } catch (const AppError &e) {
-        Msg_Box(e.message(), vbCritical, App_Title);
+        conn.close();
+        // The disk may have filled, or the folder turned read-only, since the check.
+        const QString text = Fault_Text(e.message(), QStringLiteral("Starting the program"));
+        if (!Refuse_Folder_Problem())
+            Msg_Box(text, vbCritical, App_Title);
         return nullptr;
     }
 }

@@ -7,9 +7,9 @@ namespace {
 
 // "id: dance place points... / judges' points / judges' placings", the dance
 // results of one dancer as Tally_Dance leaves them.
-void Add_Dancer(Tally_Event &ev, const QString &spec)
+void Add_Dancer(Tally_Event &ev, const QString &row)
 {
-    const QStringList parts = spec.split('/');
+    const QStringList parts = row.split('/');
     const QStringList head = parts[0].split(':');
     const int id = head[0].trimmed().toInt();
     const QStringList points = head[1].split(' ', Qt::SkipEmptyParts);

@@ -73,6 +73,7 @@ private slots:
     void guard_with_competitions_opens_the_selection();
     void selected_competition_opens_the_target_and_stamps();
     void screens_open_full_size_several_at_once_and_esc_closes();
+    void a_screen_that_names_itself_in_the_title_gives_it_back();
     void selection_list_in_name_order_and_click_selects();
     void help_and_about();
     void grid_screen_under_the_menu_keeps_its_editor_on_a_refused_click();
@@ -198,6 +199,28 @@ void TestMainMenu::selected_competition_opens_the_target_and_stamps()
     main.Menu_Action("mnudances")->trigger();
     QCOMPARE(openScreens(main), QStringList({"frmgroups", "frmdances"}));
     QVERIFY(lastUpdate() > QString("2026"));
+}
+
+void TestMainMenu::a_screen_that_names_itself_in_the_title_gives_it_back()
+{
+    TestDataFolder env;
+    registerStandIns();
+    // As the championship mark screen does when it opens.
+    frmMain::Register_Screen("mnuTallier", [] {
+        QApplication::activeWindow()->setWindowTitle(App_Title + " - Tallier Championship");
+        return new PlainScreen("FrmTallyChamp");
+    });
+    frmMain main;
+    main.show();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    auto own = [&main] { return main.windowTitle().section(" - [", 0, 0); };
+    Screen *marks = static_cast<Screen *>(main.Open_Screen("mnuTallier"));
+    QTRY_COMPARE(own(), App_Title + " - Tallier Championship");
+    // Over another screen, and once the mark screen has closed, the title is the program's own.
+    main.Open_Screen("mnudances");
+    QTRY_COMPARE(own(), App_Title);
+    marks->Unload();
+    QTRY_COMPARE(main.windowTitle(), App_Title + " - [frmdances]");
 }
 
 void TestMainMenu::screens_open_full_size_several_at_once_and_esc_closes()

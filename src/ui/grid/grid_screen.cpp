@@ -1,6 +1,7 @@
 #include "grid_screen.h"
 #include "flex_grid.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 
@@ -319,6 +320,7 @@ void GridScreen::CmdAdd_Click()
 
 bool GridScreen::Save_Changes()
 {
+    Doing doing(QStringLiteral("Saving ") + windowTitle().section(QStringLiteral(" - "), -1));
     // What stands in the box goes into the cell as it is.
     Commit_Edit();
     const Grid_Save_Result result = Run_Grid_Save(*m_rules, conn(), m_rs, Snapshot(), m_added);
@@ -393,7 +395,8 @@ void GridScreen::cmdDel_Click()
         if (m_rs.rowCount() >= dataRows)
             m_rs.remove(row - Fixed_Rows());
     } catch (const AppError &e) {
-        Msg_Box(e.message(), vbCritical, App_Title);
+        Msg_Box(Fault_Text(e.message(), QStringLiteral("Deleting from ") + windowTitle().section(QStringLiteral(" - "), -1)),
+                vbCritical, App_Title);
         Grid_Focus();
         return;
     }

@@ -158,11 +158,11 @@ void FrmTallyComp::Build_Controls()
 
     Label_progress = new QLabel(QStringLiteral("Tallying in Progress"), this);
     Label_progress->setObjectName(QStringLiteral("Label_progress"));
-    Label_progress->setGeometry(Twips(7620, 8420, 1560, 330));
+    Label_progress->setGeometry(Twips(120, 8480, 1300, 330));
     Label_progress->hide();
     ProgressBar1 = new QProgressBar(this);
     ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
-    ProgressBar1->setGeometry(Twips(9240, 8420, 2355, 330));
+    ProgressBar1->setGeometry(Twips(1440, 8480, 1380, 330));
     ProgressBar1->setTextVisible(false);
     ProgressBar1->hide();
 
@@ -242,13 +242,16 @@ void FrmTallyComp::Build_Results()
         {"FrameHR", QStringLiteral("Highland Result"), "GrdHR", &GrdHR, &unused},
         {"FrameNR", QStringLiteral("National Result"), "GrdNR", &GrdNR, &unused},
     };
-    int top = 120;
+    // Three bands down the whole height, Highland and National side by side in
+    // the last: each grid shows the six prize-winners and a tie.
+    const QRect places[] = {Twips(7620, 120, 3975, 2960), Twips(7620, 3120, 3975, 2960),
+                            Twips(7620, 6120, 1965, 2960), Twips(9630, 6120, 1965, 2960)};
+    int n = 0;
     for (const Result_Frame &f : frames) {
         QGroupBox *frame = Frame(this, f.frame, f.caption);
-        frame->setGeometry(Twips(7620, top, 3975, 2000));
+        frame->setGeometry(places[n++]);
         *f.target = Result_Grid(frame, f.grid);
         *f.box = frame;
-        top += 2060;
     }
 }
 
@@ -310,7 +313,8 @@ void FrmTallyComp::Load_Form()
 void FrmTallyComp::Lay_Out_Frames()
 {
     // The dance frame grows with the event's dances; what stands below it follows.
-    const int frameHeight = 7300 - (12 - No_Of_Dances) * 600;
+    // With no dances it keeps room for its caption.
+    const int frameHeight = qMax(900, 7300 - (12 - No_Of_Dances) * 600);
     const int tallyTop = 120 + frameHeight + 200;
     const int framesTop = tallyTop + 600 + 50;
     const QSize now = contentsRect().size();

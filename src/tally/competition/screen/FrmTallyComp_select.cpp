@@ -7,6 +7,7 @@
 #include "mark_rules.h"
 #include "result_rows.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "tally/competition/dance_tally.h"
@@ -44,6 +45,7 @@ void FrmTallyComp::LstGroup_Click()
     const int row = picked ? LstGroup->row(picked) : -1;
     if (row < 0 || row >= Event_Codes.size() || row == m_selectedEvent)
         return;
+    Doing doing(QStringLiteral("Selecting the event ") + LstGroup->item(row)->text());
     auto stay = [this] {
         m_eventLive = false;
         LstGroup->setCurrentRow(m_selectedEvent);

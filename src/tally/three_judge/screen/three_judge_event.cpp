@@ -3,6 +3,7 @@
 #include "three_judge_screen.h"
 #include "mark_rules.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "tally/three_judge/three_judge_tally.h"
@@ -47,6 +48,7 @@ void ThreeJudgeScreen::LstGroup_Click()
         m_loadingEvent = false;
         return;
     }
+    Doing doing(QStringLiteral("Selecting the event ") + LstGroup->item(row)->text());
     try {
         m_eventRow = row;
         Select_Event(row);

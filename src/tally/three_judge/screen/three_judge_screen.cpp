@@ -108,7 +108,7 @@ ThreeJudgeScreen::~ThreeJudgeScreen() = default;
 QWidget *ThreeJudgeScreen::Build_Left()
 {
     auto *left = new QWidget;
-    left->setFixedWidth(230);
+    left->setMinimumWidth(230);  // grows to the longest event name
     auto *v = new QVBoxLayout(left);
     v->setContentsMargins(0, 0, 0, 0);
 
