@@ -194,9 +194,10 @@ void GridScreen::Begin_Edit(const QString &text, bool caretAtEnd)
         return;
     // Opening the editor counts as a change, even if nothing is typed.
     m_dirty = true;
-    Place_Editor();
+    // The box holds its text before pending events run, so that keys typed
+    // meanwhile land after it, in order.
     if (text.isEmpty()) {
-        const QString current = Cell(m_editRow, m_editCol);
+        const QString current = Cell(Current_Row(), Current_Col());
         txtEdit->setText(current);
         txtEdit->setSelection(current.size(), -current.size());
     } else if (text == QLatin1String("DEL")) {
@@ -205,12 +206,14 @@ void GridScreen::Begin_Edit(const QString &text, bool caretAtEnd)
         txtEdit->setText(text);
         txtEdit->setCursorPosition(caretAtEnd ? text.size() : 1);
     }
+    Place_Editor();
 }
 
 void GridScreen::Place_Editor()
 {
     m_editRow = Current_Row();
     m_editCol = Current_Col();
+    const bool placing = m_placing;
     m_placing = true;
     MSFlexGrid1->Flush_Layout();
     const QModelIndex cell = MSFlexGrid1->model()->index(m_editRow, m_editCol);
@@ -223,9 +226,11 @@ void GridScreen::Place_Editor()
     MSFlexGrid1->setFocusPolicy(Qt::NoFocus);
     txtEdit->show();
     txtEdit->raise();
-    QCoreApplication::processEvents();
+    // The box has the focus before pending events run: keys already typed go
+    // into it, not to the grid.
     txtEdit->setFocus();
-    m_placing = false;
+    QCoreApplication::processEvents();
+    m_placing = placing;
 }
 
 void GridScreen::Hide_Editor()
