@@ -58,6 +58,7 @@ GridScreen::GridScreen(const QString &formName, const QString &caption, std::uni
     connect(CmdAdd, &QPushButton::clicked, this, &GridScreen::CmdAdd_Click);
     connect(CmdSave, &QPushButton::clicked, this, &GridScreen::CmdSave_Click);
     connect(cmdDel, &QPushButton::clicked, this, &GridScreen::cmdDel_Click);
+    Install_Leave_Guard();
 }
 
 GridScreen::~GridScreen() = default;
