@@ -120,6 +120,7 @@ void GridScreen::Clear_Grid()
 {
     Hide_Editor();
     MSFlexGrid1->clearContents();
+    m_rules->Rows_Reloaded();
     MSFlexGrid1->Set_Size(Fixed_Rows() + 1, m_rules->Column_Count());
     MSFlexGrid1->Set_Fixed_Rows(Fixed_Rows());
 }
@@ -165,6 +166,7 @@ void GridScreen::Set_Headers(bool afterSave)
 
 void GridScreen::Read_Values()
 {
+    m_rules->Rows_Reloaded();
     if (m_rs.rowCount() == 0)
         return;
     const int fixed = Fixed_Rows();
@@ -328,6 +330,7 @@ bool GridScreen::Save_Changes()
     // What stands in the box goes into the cell as it is.
     Commit_Edit();
     const Grid_Save_Result result = Run_Grid_Save(*m_rules, conn(), m_rs, Snapshot(), m_added);
+    m_preCheckRefused = result.preCheckRefused;
     if (result.preCheckRefused) {
         Msg_Box(result.refusal->text, result.refusal->style, result.refusal->title);
         return true;
@@ -338,8 +341,10 @@ bool GridScreen::Save_Changes()
         Go_To(row, col);
         return false;
     };
-    if (result.failed)
+    if (result.failed) {
+        Take_Written_Rows(result);
         return fail(result.failureText, result.row, result.col);
+    }
     if (result.refusal) {
         Msg_Box(result.refusal->text, result.refusal->style, result.refusal->title);
         Go_To(result.row, result.col);
@@ -354,6 +359,31 @@ bool GridScreen::Save_Changes()
     Show_Saved_Box();
     Grid_Focus();
     return true;
+}
+
+void GridScreen::Take_Written_Rows(const Grid_Save_Result &result)
+{
+    // Written rows move up to stand after the saved ones, in the order written,
+    // and join the record set; a later save no longer inserts them.
+    try {
+        for (int i = 0; i < result.writtenRows.size(); ++i) {
+            const int from = result.writtenRows.at(i);
+            const int to = m_rs.rowCount() + Fixed_Rows();
+            if (from != to) {
+                const QStringList cells = Row_Cells(from);
+                MSFlexGrid1->removeRow(from);
+                MSFlexGrid1->insertRow(to);
+                for (int c = 0; c < cells.size(); ++c)
+                    Set_Cell(to, c, cells.at(c));
+            }
+            m_rs.append(result.writtenIds.at(i));
+            m_rules->Row_Moved(from, to);
+            --m_added;
+        }
+    } catch (const AppError &) {
+        // The store could not give the row back: the grid shows it as it was.
+    }
+    m_added = qMax(0, m_added);
 }
 
 void GridScreen::CmdSave_Click()
@@ -412,6 +442,7 @@ void GridScreen::cmdDel_Click()
     } else {
         Hide_Editor();
         MSFlexGrid1->removeRow(row);
+        m_rules->Row_Removed(row);
         Delete_Captions(true, false);
     }
     Grid_Focus();
@@ -427,5 +458,6 @@ bool GridScreen::Query_Unload()
                 QStringLiteral("Save Changes Confirmation"))
         != vbYes)
         return true;
-    return Save_Changes();
+    // A save its pre-check refused wrote nothing: the screen stays, as after a failed save.
+    return Save_Changes() && !m_preCheckRefused;
 }
