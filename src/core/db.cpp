@@ -478,6 +478,21 @@ void RecordSet::remove(int row)
     m_original.erase(m_original.begin() + row);
 }
 
+void RecordSet::append(qint64 rowid)
+{
+    const int from = topLevelFrom(m_select);
+    const QString alias = tableQualifier(m_select, from, m_table);
+    RowSet one = m_conn->query(m_select.left(from).trimmed() + QStringLiteral(", ") + alias
+                                   + QStringLiteral(".rowid AS __rowid__ FROM ") + m_table + QStringLiteral(" AS ")
+                                   + alias + QStringLiteral(" WHERE ") + alias + QStringLiteral(".rowid = ?"),
+                               {rowid});
+    if (one.rowCount() != 1 || one.fieldCount() != m_rows.fieldCount())
+        throw DbError(QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current record."));
+    m_rows.m_rows.push_back(one.m_rows.front());
+    m_changed.emplace_back(m_rows.fieldCount(), false);
+    m_original.push_back(one.m_rows.front());
+}
+
 qint64 RecordSet::rowId(int row) const
 {
     return m_rows.value(row, fieldCount()).toLongLong();

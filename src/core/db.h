@@ -158,6 +158,9 @@ public:
     void cancelUpdate(int row);
     void remove(int row);
     qint64 rowId(int row) const;
+    // Takes a row written since the last reading in at the end, read by its
+    // rowid with the statement's fields.
+    void append(qint64 rowid);
 
 private:
     Connection *m_conn = nullptr;

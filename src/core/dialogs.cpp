@@ -28,6 +28,32 @@ int firstButton(int style)
     }
 }
 
+// What Esc does on a box of this style; 0: nothing, the box stays.
+int escapeAnswer(int style)
+{
+    switch (style & 7) {
+    case vbYesNo:
+        return 0;
+    case vbOKCancel:
+    case vbYesNoCancel:
+        return vbCancel;
+    default:
+        return vbOK;
+    }
+}
+
+int nextAnswer(int style)
+{
+    while (!g_answers.isEmpty()) {
+        int answer = g_answers.takeFirst();
+        if (answer == Key_Escape_Answer)
+            answer = escapeAnswer(style);
+        if (answer != 0)
+            return answer;
+    }
+    return firstButton(style);
+}
+
 QString nextText()
 {
     return g_texts.isEmpty() ? QString() : g_texts.takeFirst();
@@ -40,7 +66,7 @@ int Msg_Box(const QString &text, int style, const QString &title)
     const QString t = shownTitle(title);
     if (g_scripted) {
         g_records << Dialogs::Record{QStringLiteral("msgbox"), text, t, style};
-        return g_answers.isEmpty() ? firstButton(style) : g_answers.takeFirst();
+        return nextAnswer(style);
     }
     if (g_presenter.msgBox)
         return g_presenter.msgBox(text, style, t);

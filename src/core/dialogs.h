@@ -15,6 +15,10 @@ enum MsgStyle {
     vbInformation = 64,
 };
 enum MsgAnswer { vbOK = 1, vbCancel = 2, vbYes = 6, vbNo = 7 };
+// A scripted answer that presses Esc on the box: Cancel where the box has it,
+// OK on a box with OK alone, and nothing at all on a Yes/No box, which then
+// takes the next answer.
+constexpr int Key_Escape_Answer = -27;
 
 // Every box, question, folder browser and file chooser of the program goes
 // through these routines. The windows themselves are drawn by the user

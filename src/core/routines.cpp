@@ -1,4 +1,5 @@
 #include "routines.h"
+#include <QRegularExpression>
 #include "errors.h"
 #include "globals.h"
 
@@ -171,4 +172,13 @@ QString Next_Code(const QString &code)
         --i;
     }
     return QLatin1Char('1') + out;
+}
+
+QString Bare_Number(const QString &text)
+{
+    static const QRegularExpression number(QStringLiteral("^-?[0-9]+(\\.[0-9]+)?$"));
+    const QString t = text.trimmed();
+    if (!number.match(t).hasMatch())
+        throw AppError(QStringLiteral("Type mismatch"));
+    return t;
 }

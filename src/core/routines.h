@@ -11,6 +11,9 @@
 QString Sql_Quote(const QString &text);
 QVariant Null_Default(const QVariant &value, const QVariant &def);
 QString Default_If_Empty(const QString &value, const QString &def);
+// A typed number as it goes into a statement bare; a text that is no number
+// (a sign and digits, a point and digits) is the fault "Type mismatch".
+QString Bare_Number(const QString &text);
 bool File_Exists(const QString &path);
 // True when the path is a folder; any error reads as false.
 bool Is_Folder(const QString &path);

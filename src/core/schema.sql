@@ -1,9 +1,9 @@
 -- The database at version 4.6. Text columns compare without regard to case,
 -- as statements and stored files expect; number columns refuse text (guards added by
--- the build). Counters are INTEGER PRIMARY KEY.
+-- the build). Counters are INTEGER PRIMARY KEY AUTOINCREMENT: a number is never given twice.
 
 CREATE TABLE competitions (
-    competition_id INTEGER PRIMARY KEY,
+    competition_id INTEGER PRIMARY KEY AUTOINCREMENT,
     competition_name TEXT COLLATE NOCASE,
     competition_date TEXT COLLATE NOCASE,
     competition_organiser TEXT COLLATE NOCASE,
@@ -24,7 +24,7 @@ CREATE TABLE categories (
 CREATE UNIQUE INDEX pk_categories ON categories(competition_id, category_id);
 
 CREATE TABLE dances (
-    dance_id INTEGER PRIMARY KEY,
+    dance_id INTEGER PRIMARY KEY AUTOINCREMENT,
     dance TEXT COLLATE NOCASE
 );
 
@@ -37,7 +37,7 @@ CREATE TABLE category_dances (
 );
 
 CREATE TABLE age_groups (
-    group_id INTEGER PRIMARY KEY,
+    group_id INTEGER PRIMARY KEY AUTOINCREMENT,
     competition_id NUMERIC,
     competition_group_id TEXT COLLATE NOCASE,
     age_group TEXT COLLATE NOCASE,
@@ -57,7 +57,7 @@ CREATE TABLE age_groups (
 CREATE UNIQUE INDEX pk_age_groups_code ON age_groups(competition_id, competition_group_id);
 
 CREATE TABLE judges (
-    judge_id INTEGER PRIMARY KEY,
+    judge_id INTEGER PRIMARY KEY AUTOINCREMENT,
     competition_id NUMERIC,
     forename TEXT COLLATE NOCASE,
     surname TEXT COLLATE NOCASE
@@ -230,7 +230,7 @@ CREATE TABLE championship_dance_names (
 
 CREATE TABLE custom_reports (
     competition_id NUMERIC,
-    id INTEGER PRIMARY KEY,
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
     name TEXT COLLATE NOCASE
 );
 CREATE UNIQUE INDEX pk_custom_reports ON custom_reports(competition_id, id);

@@ -1,5 +1,6 @@
 #include "competitor_delete.h"
 #include "core/db.h"
+#include "core/routines.h"
 
 QString Delete_Competitor_Question()
 {
@@ -15,5 +16,5 @@ void Delete_Dependents(Connection &conn, short competitionId, const QString &num
     for (const char *table : {"dance_results", "highland_results", "judges_results", "overall_dance_results",
                               "tie_break", "competitor_groups"})
         conn.execute(QStringLiteral("DELETE FROM ") + QLatin1String(table) + QStringLiteral(" WHERE competition_id = ")
-                     + QString::number(competitionId) + QStringLiteral(" AND competitor_id = ") + number);
+                     + QString::number(competitionId) + QStringLiteral(" AND competitor_id = ") + Bare_Number(number));
 }

@@ -53,6 +53,7 @@ void Competitor_Rules::Row_Changed(int row)
 void Competitor_Rules::Insert_Row(Save_Work &w, int gridRow)
 {
     Insert_New_Competitor(w.conn, m_comp, w.cells.row(gridRow));
+    m_marks.clear(gridRow);
 }
 
 bool Competitor_Rules::Row_Needs_Write(int gridRow) const
@@ -62,8 +63,9 @@ bool Competitor_Rules::Row_Needs_Write(int gridRow) const
 
 std::optional<Cell_Refusal> Competitor_Rules::Write_Row(Save_Work &w, int record, int gridRow)
 {
-    m_marks.clear(gridRow);
+    // Cleared once written: a row whose write failed is written at the next save.
     Write_Edited_Competitor(w.conn, m_comp, w.rs, record, w.cells.row(gridRow));
+    m_marks.clear(gridRow);
     return std::nullopt;
 }
 

@@ -29,6 +29,9 @@ public:
     bool Row_Needs_Write(int gridRow) const override;
     std::optional<Cell_Refusal> Write_Row(Save_Work &w, int record, int gridRow) override;
     void Delete_Dependents(Connection &conn, const QStringList &row) override;
+    void Row_Moved(int from, int to) override { m_marks.move(from, to); }
+    void Row_Removed(int row) override { m_marks.remove(row); }
+    void Rows_Reloaded() override { m_marks.clearAll(); }
 
 private:
     short m_comp;

@@ -13,25 +13,25 @@ QString quoted(const QString &text)
 void Delete_Groups(Connection &conn, const QString &id, const QString &number)
 {
     conn.execute(QStringLiteral("DELETE FROM competitor_groups WHERE competition_id = ") + id
-                 + QStringLiteral(" AND competitor_id = ") + number);
+                 + QStringLiteral(" AND competitor_id = ") + Bare_Number(number));
 }
 
 void Insert_Group(Connection &conn, const QString &id, const QString &number, const QString &code)
 {
     conn.execute(QStringLiteral("INSERT INTO competitor_groups(competition_id, competitor_id, group_id) VALUES (") + id
-                 + QLatin1Char(',') + number + QStringLiteral(",'") + code + QStringLiteral("')"));
+                 + QLatin1Char(',') + Bare_Number(number) + QStringLiteral(",'") + Sql_Quote(code) + QStringLiteral("')"));
 }
 
 } // namespace
 
 QString Text_Or_Null(const QString &text)
 {
-    return text.isEmpty() ? QStringLiteral("Null") : text;
+    return text.isEmpty() ? QStringLiteral("Null") : Bare_Number(text);
 }
 
 QString Quoted_Or_Null(const QString &text)
 {
-    return text.isEmpty() ? QStringLiteral("NULL") : quoted(text.toUpper());
+    return text.isEmpty() ? QStringLiteral("NULL") : quoted(Sql_Quote(text.toUpper()));
 }
 
 QString New_Competitor_Insert(short competitionId, const QStringList &c)
@@ -39,11 +39,11 @@ QString New_Competitor_Insert(short competitionId, const QStringList &c)
     using namespace Competitor_Col;
     QStringList v;
     v << QString::number(competitionId)
-      << c[Number]
+      << Bare_Number(c[Number])
       << quoted(Sql_Quote(c[Forename])) << quoted(Sql_Quote(c[Surname]))
       << Text_Or_Null(c[Age])
       << quoted(Sql_Quote(c[5])) << quoted(Sql_Quote(c[6]))
-      << quoted(c[7]) << quoted(c[Postcode])              // town and postcode go in unescaped
+      << quoted(Sql_Quote(c[7])) << quoted(Sql_Quote(c[Postcode]))
       << Quoted_Or_Null(c[Fee]) << Quoted_Or_Null(c[Date_Received]) << Quoted_Or_Null(c[11])
       << quoted(Sql_Quote(c[Notes]));
     for (int col = Custom1; col <= Last_Event; ++col)
@@ -56,11 +56,14 @@ void Insert_New_Competitor(Connection &conn, short competitionId, const QStringL
 {
     using namespace Competitor_Col;
     const QString id = QString::number(competitionId);
-    conn.execute(New_Competitor_Insert(competitionId, cells));
-    Delete_Groups(conn, id, cells[Number]);
-    for (int col = First_Event; col <= Last_Event; ++col)
-        if (!cells[col].isEmpty())
-            Insert_Group(conn, id, cells[Number], cells[col].toUpper());
+    // The dancer and the entries are one unit: all written, or none.
+    In_Savepoint(conn, [&] {
+        conn.execute(New_Competitor_Insert(competitionId, cells));
+        Delete_Groups(conn, id, cells[Number]);
+        for (int col = First_Event; col <= Last_Event; ++col)
+            if (!cells[col].isEmpty())
+                Insert_Group(conn, id, cells[Number], cells[col].toUpper());
+    });
 }
 
 void Write_Edited_Competitor(Connection &conn, short competitionId, RecordSet &rows, int rsRow,
@@ -68,20 +71,24 @@ void Write_Edited_Competitor(Connection &conn, short competitionId, RecordSet &r
 {
     using namespace Competitor_Col;
     const QString id = QString::number(competitionId);
-    Delete_Groups(conn, id, cells[Number]);
-    for (int col = Number; col < Count; ++col) {
-        const QString &text = cells[col];
-        if (text.isEmpty()) {
-            rows.setValue(rsRow, col, QVariant());
-        } else if (col >= Custom4) {
-            // From Field4 on, every filled cell is also written as an event, as typed.
-            Insert_Group(conn, id, cells[Number], text);
-            rows.setValue(rsRow, col, text.toUpper());
-        } else if (col == Date_Received || (col >= Notes && col <= Custom3)) {
-            rows.setValue(rsRow, col, text);
-        } else {
-            rows.setValue(rsRow, col, text.toUpper());
+    // The entries are deleted and written anew with the row: one unit, so a
+    // fault never leaves the dancer's entries deleted and not written back.
+    In_Savepoint(conn, [&] {
+        Delete_Groups(conn, id, cells[Number]);
+        for (int col = Number; col < Count; ++col) {
+            const QString &text = cells[col];
+            if (text.isEmpty()) {
+                rows.setValue(rsRow, col, QVariant());
+            } else if (col >= Custom4) {
+                // From Field4 on, every filled cell is also written as an event, as typed.
+                Insert_Group(conn, id, cells[Number], text);
+                rows.setValue(rsRow, col, text.toUpper());
+            } else if (col == Date_Received || (col >= Notes && col <= Custom3)) {
+                rows.setValue(rsRow, col, text);
+            } else {
+                rows.setValue(rsRow, col, text.toUpper());
+            }
         }
-    }
-    rows.update(rsRow);
+        rows.update(rsRow);
+    });
 }

@@ -1,5 +1,6 @@
 #include "competitor_search.h"
 #include "competitor_columns.h"
+#include "core/routines.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ QString Search_Order(int itemData)
 QString Search_Statement(short competitionId, const Competitor_Search &s)
 {
     const QString id = QString::number(competitionId);
-    const QString code = s.groupCode;
+    const QString code = Sql_Quote(s.groupCode);
     QString sql = Competitor_Statement(competitionId);
     if (s.winnersOnly && !code.isEmpty()) {
         sql = Aliased_Columns + QStringLiteral("FROM highland_results d, competitors c, competitor_groups cg WHERE c.competition_id = ")
@@ -54,18 +55,18 @@ QString Search_Statement(short competitionId, const Competitor_Search &s)
               + QStringLiteral(" AND d.competition_id = ") + id + QStringLiteral(" AND c.competitor_id = d.competitor_id");
     }
     if (!s.number.isEmpty())
-        sql += QStringLiteral(" AND competitor_id = ") + s.number;
-    // Typed texts go in as they are.
+        sql += QStringLiteral(" AND competitor_id = ") + Bare_Number(s.number);
     if (!s.forename.isEmpty())
-        sql += QStringLiteral(" AND forename LIKE '%") + s.forename + QStringLiteral("%'");
+        sql += QStringLiteral(" AND forename LIKE '%") + Sql_Quote(s.forename) + QStringLiteral("%'");
     if (!s.surname.isEmpty())
-        sql += QStringLiteral(" AND surname LIKE '%") + s.surname + QStringLiteral("%'");
+        sql += QStringLiteral(" AND surname LIKE '%") + Sql_Quote(s.surname) + QStringLiteral("%'");
     if (!s.teacher.isEmpty())
-        sql += QStringLiteral(" AND teacher LIKE '%") + s.teacher + QStringLiteral("%'");
+        sql += QStringLiteral(" AND teacher LIKE '%") + Sql_Quote(s.teacher) + QStringLiteral("%'");
     if (!s.ageFrom.isEmpty() && !s.ageTo.isEmpty())
-        sql += QStringLiteral(" AND age >= ") + s.ageFrom + QStringLiteral(" AND age <= ") + s.ageTo;
+        sql += QStringLiteral(" AND age >= ") + Bare_Number(s.ageFrom) + QStringLiteral(" AND age <= ")
+               + Bare_Number(s.ageTo);
     else if (!s.ageFrom.isEmpty())
-        sql += QStringLiteral(" AND age = ") + s.ageFrom;
+        sql += QStringLiteral(" AND age = ") + Bare_Number(s.ageFrom);
     sql += s.registeredFilter + QStringLiteral(" ORDER BY ") + s.order;
     return sql;
 }

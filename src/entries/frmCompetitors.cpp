@@ -62,6 +62,7 @@ void frmCompetitors::Widen_Narrow_Columns()
 void frmCompetitors::Build_Event_Frame()
 {
     FrameAG = new QGroupBox(QStringLiteral("Select Event"), this);
+    Keep_Editor_Open_For(FrameAG);
     FrameAG->setObjectName(QStringLiteral("FrameAG"));
     FrameAG->setAutoFillBackground(true);
     LstAG = new QListWidget(FrameAG);

@@ -2,6 +2,7 @@
 // grid's until the screen closes.
 #include "frmCompetitors.h"
 #include "competitor_search.h"
+#include "core/routines.h"
 #include "event_lists.h"
 
 #include "core/dialogs.h"
@@ -150,6 +151,18 @@ void frmCompetitors::CmdCancelSearch_Click()
 
 void frmCompetitors::CmdSearch_Click()
 {
+    // A number box that holds no number says so; the search does not run.
+    for (QLineEdit *box : {SearchNo, SearchAgeFrom, SearchAgeTo}) {
+        try {
+            if (!box->text().isEmpty())
+                Bare_Number(box->text());
+        } catch (const AppError &) {
+            Msg_Box(QStringLiteral("Invalid number!"), vbExclamation, QStringLiteral("Invalid Data"));
+            box->setFocus();
+            box->selectAll();
+            return;
+        }
+    }
     Competitor_Search s;
     s.groupCode = m_searchCode;
     s.winnersOnly = chk_winners->isChecked();
@@ -168,8 +181,7 @@ void frmCompetitors::CmdSearch_Click()
     try {
         Refresh_Grid();
     } catch (const AppError &e) {
-        // Typed texts go into the statement as they are, and one that breaks
-        // it must not leave the grid without a statement that runs.
+        // A statement that fails must not leave the grid without one that runs.
         Msg_Box(Fault_Text(e.message(), QStringLiteral("Searching the competitors")), vbExclamation, App_Title);
         Rules().setStatement(before);
         Refresh_Grid();

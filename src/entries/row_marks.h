@@ -12,6 +12,10 @@ public:
     void clear(int row);
     bool isSet(int row) const;
     void clearAll() { m_marks.fill(0); }
+    // The mark follows its row: a removed row's marks below move up one; a
+    // moved row takes its mark along, the rows between shift.
+    void remove(int row);
+    void move(int from, int to);
 
 private:
     std::array<short, Last_Row + 1> m_marks{};

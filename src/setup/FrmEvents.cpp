@@ -128,9 +128,20 @@ void FrmEvents::Delete_Captions(bool yes, bool cleared)
 
 void FrmEvents::CmdCopy_Click()
 {
-    // The grid is saved first, with its "Changes Saved!" box.
+    // The grid is saved first, with its "Changes Saved!" box; the save re-sorts
+    // the grid, so the chosen competition is found again by its id (a new row
+    // by its name and date).
+    const int chosen = Current_Row();
+    const QString id = Cell(chosen, 0), name = Cell(chosen, 1), date = Cell(chosen, 2);
     if (!Save_Changes())
         return;
+    for (int r = Fixed_Rows(); r < Row_Count(); ++r) {
+        const bool same = (id != QLatin1String("0") && !id.isEmpty()) ? Cell(r, 0) == id
+                                                                       : Cell(r, 1) == name && Cell(r, 2) == date;
+        if (same)
+            Go_To(r, Current_Col());
+    }
+    m_copySource = Cell(Current_Row(), 0);
     Show_Copy_Panel(true);
     lblCopyTxt2->setText(Cell(Current_Row(), 1));
     TxtCompname->clear();
@@ -145,7 +156,7 @@ void FrmEvents::cmdcreate_Click()
         QListWidgetItem *chosen = LstCopyComp->currentItem();
         const int withCompetitors = chosen ? chosen->data(Qt::UserRole).toInt() : 0;
         // The source stays the current competition after the copy.
-        Current_Competition_Id = To_Int16(Cell(Current_Row(), 0).toLongLong());
+        Current_Competition_Id = To_Int16((m_copySource.isEmpty() ? Cell(Current_Row(), 0) : m_copySource).toLongLong());
         if (TxtCompname->text().isEmpty() || TxtCompDate->text().isEmpty()) {
             Msg_Box(QStringLiteral("Name and date fields are required!"), vbExclamation,
                     QStringLiteral("Validation Error"));

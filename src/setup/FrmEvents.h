@@ -42,4 +42,6 @@ protected:
 private:
     void Build_Copy_Panel();
     void Show_Copy_Panel(bool on);
+
+    QString m_copySource;   // the id in column 0 of the competition chosen to copy
 };

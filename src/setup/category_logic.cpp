@@ -17,7 +17,7 @@ QList<Dance_Item> Read_Dances(Connection &conn, const QString &sql)
 void Set_Dance_Order(Connection &conn, short competitionId, const QString &code, int danceId, int orderby)
 {
     conn.execute(QStringLiteral("UPDATE category_dances SET orderby = ") + QString::number(orderby)
-                 + QStringLiteral(" WHERE category_id = '") + code + QStringLiteral("' AND dance_id = ")
+                 + QStringLiteral(" WHERE category_id = '") + Sql_Quote(code) + QStringLiteral("' AND dance_id = ")
                  + QString::number(danceId) + QStringLiteral(" AND competition_id = ")
                  + QString::number(competitionId));
 }
@@ -53,7 +53,7 @@ QList<Dance_Item> Read_Available_Dances(Connection &conn, short competitionId, c
 {
     return Read_Dances(conn, QStringLiteral("SELECT dances.dance_id, dances.dance FROM dances LEFT JOIN category_dances ON "
                                             "(dances.dance_id = category_dances.dance_id AND category_dances.category_id = '")
-                                 + code + QStringLiteral("' AND category_dances.competition_id = ")
+                                 + Sql_Quote(code) + QStringLiteral("' AND category_dances.competition_id = ")
                                  + QString::number(competitionId)
                                  + QStringLiteral(") WHERE category_dances.dance_id IS NULL ORDER BY 1 DESC"));
 }
@@ -62,7 +62,7 @@ QList<Dance_Item> Read_Selected_Dances(Connection &conn, short competitionId, co
 {
     return Read_Dances(conn, QStringLiteral("SELECT d.dance_id, d.dance FROM dances d, category_dances cd WHERE "
                                             "d.dance_id = cd.dance_id AND cd.category_id = '")
-                                 + code + QStringLiteral("' AND competition_id = ") + QString::number(competitionId)
+                                 + Sql_Quote(code) + QStringLiteral("' AND competition_id = ") + QString::number(competitionId)
                                  + QStringLiteral(" ORDER BY cd.orderby"));
 }
 
@@ -74,13 +74,13 @@ bool Is_Fixed_Category(const QString &code)
 void Add_Category_Dance(Connection &conn, short competitionId, const QString &code, int danceId, int position)
 {
     conn.execute(QStringLiteral("INSERT INTO category_dances (category_id, dance_id, competition_id, orderby) VALUES ('")
-                 + code + QStringLiteral("',") + QString::number(danceId) + QLatin1Char(',')
+                 + Sql_Quote(code) + QStringLiteral("',") + QString::number(danceId) + QLatin1Char(',')
                  + QString::number(competitionId) + QLatin1Char(',') + QString::number(position) + QLatin1Char(')'));
 }
 
 void Remove_Category_Dance(Connection &conn, short competitionId, const QString &code, int danceId)
 {
-    conn.execute(QStringLiteral("DELETE FROM category_dances WHERE category_id = '") + code
+    conn.execute(QStringLiteral("DELETE FROM category_dances WHERE category_id = '") + Sql_Quote(code)
                  + QStringLiteral("' AND dance_id = ") + QString::number(danceId)
                  + QStringLiteral(" AND competition_id = ") + QString::number(competitionId));
 }
@@ -114,24 +114,23 @@ bool Category_Code_Used(const QString &code, const QStringList &codes, int mode,
 
 void Insert_Category(Connection &conn, short competitionId, const QString &code, const QString &name)
 {
-    // The name goes in unescaped, as it always did.
-    conn.execute(QStringLiteral("INSERT INTO categories(category_id, category, competition_id) VALUES ('") + code
-                 + QStringLiteral("','") + name + QStringLiteral("',") + QString::number(competitionId)
+    conn.execute(QStringLiteral("INSERT INTO categories(category_id, category, competition_id) VALUES ('") + Sql_Quote(code)
+                 + QStringLiteral("','") + Sql_Quote(name) + QStringLiteral("',") + QString::number(competitionId)
                  + QLatin1Char(')'));
 }
 
 void Update_Category(Connection &conn, short competitionId, const QString &code, const QString &name,
                      const QString &oldCode)
 {
-    conn.execute(QStringLiteral("UPDATE categories SET category_id = '") + code + QStringLiteral("', category = '")
-                 + name + QStringLiteral("' WHERE category_id = '") + oldCode
+    conn.execute(QStringLiteral("UPDATE categories SET category_id = '") + Sql_Quote(code) + QStringLiteral("', category = '")
+                 + Sql_Quote(name) + QStringLiteral("' WHERE category_id = '") + Sql_Quote(oldCode)
                  + QStringLiteral("' AND competition_id = ") + QString::number(competitionId));
 }
 
 void Delete_Category(Connection &conn, short competitionId, const QString &code)
 {
     Transaction t(conn);
-    const QString tail = QStringLiteral(" WHERE category_id = '") + code + QStringLiteral("' AND competition_id = ")
+    const QString tail = QStringLiteral(" WHERE category_id = '") + Sql_Quote(code) + QStringLiteral("' AND competition_id = ")
                          + QString::number(competitionId);
     conn.execute(QStringLiteral("DELETE FROM categories") + tail);
     conn.execute(QStringLiteral("DELETE FROM category_dances") + tail);

@@ -20,8 +20,12 @@ short Find_Competition(Connection &conn, const QString &name, const QString &dat
     short id = 0;
     while (!rs.eof()) {
         id = To_Int16(rs.value(QStringLiteral("competition_id")));
-        if (setCurrent)
+        if (setCurrent) {
+            // Captions and sheets name the competition just made.
             Current_Competition_Id = id;
+            Current_Competition_Name = name;
+            Current_Competition_Date = date;
+        }
         rs.next();
     }
     return id;
@@ -123,13 +127,13 @@ short Copy_Competition(Connection &conn, short sourceId, const QString &name, co
                            "orderby, inc_t_fling) VALUES ('")
             + Sql_Quote(ev.text(QStringLiteral("competition_group_id"))) + QStringLiteral("','")
             + Sql_Quote(ev.text(QStringLiteral("age_group"))) + QStringLiteral("','")
-            + ev.text(QStringLiteral("category")) + QStringLiteral("',") + ev.text(QStringLiteral("no_prizes"))
-            + QStringLiteral(",'") + ev.text(QStringLiteral("split_overalls")) + QStringLiteral("',") + target
-            + QStringLiteral(",'") + ev.text(QStringLiteral("championship_title")) + QStringLiteral("','")
-            + ev.text(QStringLiteral("championship_type")) + QStringLiteral("',")
+            + Sql_Quote(ev.text(QStringLiteral("category"))) + QStringLiteral("',") + ev.text(QStringLiteral("no_prizes"))
+            + QStringLiteral(",'") + Sql_Quote(ev.text(QStringLiteral("split_overalls"))) + QStringLiteral("',") + target
+            + QStringLiteral(",'") + Sql_Quote(ev.text(QStringLiteral("championship_title"))) + QStringLiteral("','")
+            + Sql_Quote(ev.text(QStringLiteral("championship_type"))) + QStringLiteral("',")
             + ev.text(QStringLiteral("no_overall_prizes")) + QStringLiteral(",'")
-            + ev.text(QStringLiteral("dancer_order")) + QStringLiteral("',") + bareOrNull(ev, QStringLiteral("orderby"))
-            + QStringLiteral(",'") + ev.text(QStringLiteral("inc_t_fling")) + QStringLiteral("')");
+            + Sql_Quote(ev.text(QStringLiteral("dancer_order"))) + QStringLiteral("',") + bareOrNull(ev, QStringLiteral("orderby"))
+            + QStringLiteral(",'") + Sql_Quote(ev.text(QStringLiteral("inc_t_fling"))) + QStringLiteral("')");
         conn.execute(sql);
     }
 
@@ -143,13 +147,12 @@ short Copy_Competition(Connection &conn, short sourceId, const QString &name, co
                           + source);
     for (; !c.eof(); c.next()) {
         auto q = [&](const char *f) { return quoted(Sql_Quote(c.text(QLatin1String(f)))); };
-        auto raw = [&](const char *f) { return quoted(c.text(QLatin1String(f))); };
         QStringList v;
         v << target << c.text(QStringLiteral("competitor_id")) << q("forename") << q("surname") << q("town")
           << bareOrNull(c, QStringLiteral("age")) << bareOrNull(c, QStringLiteral("fee")) << q("date_received");
         for (const char *g : {"group_id1", "group_id2", "group_id3", "group_id4", "group_id5", "group_id6",
                               "group_id7", "group_id8"})
-            v << raw(g);
+            v << q(g);
         for (const char *f : {"address1", "address2", "teacher", "notes", "custom1", "custom2", "custom3", "custom4"})
             v << q(f);
         conn.execute(QStringLiteral("INSERT INTO competitors(competition_id, competitor_id, forename, surname, town, age, "
@@ -164,6 +167,6 @@ short Copy_Competition(Connection &conn, short sourceId, const QString &name, co
     for (; !cg.eof(); cg.next())
         conn.execute(QStringLiteral("INSERT INTO competitor_groups(competition_id,  competitor_id, group_id) VALUES(")
                      + target + QLatin1Char(',') + cg.text(QStringLiteral("competitor_id")) + QStringLiteral(",'")
-                     + cg.text(QStringLiteral("group_id")) + QStringLiteral("')"));
+                     + Sql_Quote(cg.text(QStringLiteral("group_id"))) + QStringLiteral("')"));
     return newId;
 }

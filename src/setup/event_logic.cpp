@@ -135,17 +135,18 @@ bool Has_Duplicate_Codes(const QStringList &codes)
 
 void Insert_Event(Connection &conn, short competitionId, const QStringList &cells)
 {
-    auto u = [&](int col) { return cells.value(col).toUpper(); };
-    // Only the name is quoted: a title with a quote breaks the statement.
+    auto u = [&](int col) { return Sql_Quote(cells.value(col).toUpper()); };
+    // Numbers go in bare only when they are numbers.
+    auto n = [&](int col) { return Bare_Number(cells.value(col)); };
     const QString sql =
         QStringLiteral("INSERT INTO age_groups(competition_id, age_group, competition_group_id, Category, no_prizes, "
                        "split_overalls, split_ages, championship_title, championship_type, no_overall_prizes, "
                        "dancer_order, orderby, inc_t_fling) VALUES (")
         + QString::number(competitionId) + QStringLiteral(",'") + Sql_Quote(cells.value(1)) + QStringLiteral("','")
-        + u(2) + QStringLiteral("','") + u(3) + QStringLiteral("',") + cells.value(4) + QStringLiteral(",'") + u(5)
+        + u(2) + QStringLiteral("','") + u(3) + QStringLiteral("',") + n(4) + QStringLiteral(",'") + u(5)
         + QStringLiteral("','") + u(6) + QStringLiteral("','") + u(7) + QStringLiteral("','") + u(8)
-        + QStringLiteral("',") + cells.value(9) + QStringLiteral(",'") + u(10) + QStringLiteral("',")
-        + Default_If_Empty(u(11), QStringLiteral("NULL")) + QStringLiteral(",'") + u(12) + QStringLiteral("')");
+        + QStringLiteral("',") + n(9) + QStringLiteral(",'") + u(10) + QStringLiteral("',")
+        + (cells.value(11).isEmpty() ? QStringLiteral("NULL") : n(11)) + QStringLiteral(",'") + u(12) + QStringLiteral("')");
     conn.execute(sql);
 }
 
@@ -163,9 +164,9 @@ void Delete_Event_Dependents(Connection &conn, short competitionId, const QStrin
                               "judges_results_judges", "overall_dance_results", "overall_results", "national_results",
                               "tie_break", "dance_no_prizes", "dance_no_dancers", "competitor_groups"})
         conn.execute(QStringLiteral("DELETE FROM ") + QLatin1String(table) + QStringLiteral(" WHERE competition_id = ")
-                     + id + QStringLiteral(" And group_id = '") + code + QStringLiteral("'"));
+                     + id + QStringLiteral(" And group_id = '") + Sql_Quote(code) + QStringLiteral("'"));
     conn.execute(QStringLiteral("DELETE FROM custom_reports_groups WHERE rowid IN (SELECT g.rowid FROM "
                                 "custom_reports_groups AS g INNER JOIN custom_reports c ON g.id = c.id "
                                 "WHERE c.competition_id = ")
-                 + id + QStringLiteral(" And g.group_id = '") + code + QStringLiteral("')"));
+                 + id + QStringLiteral(" And g.group_id = '") + Sql_Quote(code) + QStringLiteral("')"));
 }

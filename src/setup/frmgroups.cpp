@@ -16,6 +16,7 @@ frmgroups::frmgroups(QWidget *parent)
                  parent)
 {
     frmCat = new QGroupBox(QStringLiteral("Categories"), this);
+    Keep_Editor_Open_For(frmCat);
     frmCat->setObjectName(QStringLiteral("frmCat"));
     // It floats over the grid: paint its own background.
     frmCat->setAutoFillBackground(true);

@@ -4,10 +4,23 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QTimer>
 
 namespace {
+
+// Esc on a Yes/No box: the box has no Cancel, so the key does nothing (the
+// toolkit would otherwise take it for No).
+class Ignore_Escape : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        return event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape;
+    }
+};
 
 QWidget *parentWindow()
 {
@@ -56,6 +69,7 @@ int showBox(const QString &text, int style, const QString &title)
         break;
     case vbYesNo:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.installEventFilter(new Ignore_Escape(&box));
         break;
     default:
         box.setStandardButtons(QMessageBox::Ok);

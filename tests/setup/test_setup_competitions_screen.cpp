@@ -268,7 +268,7 @@ void TestCompetitionsScreen::copy_refuses_missing_name_and_reports_a_fault()
     c.open();
     const short s = Fixture::Competition(c, "Source", "2026");
     Fixture::Event(c, s, "1A", "Under 8", "PRI");
-    c.execute("UPDATE age_groups SET championship_title = 'Scotland''s'");
+    c.execute("UPDATE age_groups SET no_prizes = NULL");
     FrmEvents *f = open();
     Driver d(f);
     d.go(1, 1);

@@ -12,7 +12,7 @@ class TestSetupCopy : public QObject
 private slots:
     void copy_without_competitors();
     void copy_with_competitors();
-    void a_quote_in_a_title_stops_the_copy_half_made();
+    void an_event_with_no_prize_number_stops_the_copy_half_made();
 };
 
 namespace {
@@ -125,14 +125,14 @@ void TestSetupCopy::copy_with_competitors()
     QCOMPARE(Column(c, cg.arg(n)).size(), 4);  // 3 entries and the filler row of Fill_Event_Rows
 }
 
-void TestSetupCopy::a_quote_in_a_title_stops_the_copy_half_made()
+void TestSetupCopy::an_event_with_no_prize_number_stops_the_copy_half_made()
 {
     TestDataFolder env;
     Connection c;
     c.open();
     const short s = Fixture::Competition(c);
     Fixture::Event(c, s, "1A", "Under 8", "PRI");
-    c.execute("UPDATE age_groups SET championship_title = 'Scotland''s Best'");
+    c.execute("UPDATE age_groups SET no_prizes = NULL");
     QVERIFY_THROWS_EXCEPTION(DbError, Copy_Competition(c, s, "Half", "2027", false));
     // What ran before the fault stays, and no transaction is left open.
     QVERIFY(!c.inTransaction());

@@ -4,6 +4,7 @@
 #include "flex_grid.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -33,6 +34,52 @@ int selectionEnd(const QLineEdit *box)
 }
 
 } // namespace
+
+// Sees every mouse press and shortcut of the program before its target does,
+// so that the editor's text is checked before the focus leaves the box.
+class Leave_Guard : public QObject
+{
+public:
+    explicit Leave_Guard(GridScreen *screen) : QObject(screen), m_screen(screen) {}
+    bool eventFilter(QObject *watched, QEvent *event) override { return m_screen->Leaving_Editor(watched, event); }
+
+private:
+    GridScreen *m_screen;
+};
+
+void GridScreen::Install_Leave_Guard()
+{
+    m_leaveGuard = new Leave_Guard(this);
+    qApp->installEventFilter(m_leaveGuard);
+}
+
+bool GridScreen::Leaving_Editor(QObject *watched, QEvent *event)
+{
+    const QEvent::Type t = event->type();
+    if (t != QEvent::MouseButtonPress && t != QEvent::MouseButtonDblClick && t != QEvent::Shortcut)
+        return false;
+    if (!m_editorOpen || m_placing || !watched->isWidgetType())
+        return false;
+    auto *w = static_cast<QWidget *>(watched);
+    // The grid's own clicks and scrolling have their handling; a lookup list
+    // takes the text as it stands.
+    if (!isAncestorOf(w) || w == txtEdit || MSFlexGrid1->isAncestorOf(w) || w == MSFlexGrid1 || !w->isEnabled())
+        return false;
+    for (QWidget *panel : std::as_const(m_lookupPanels))
+        if (panel == w || panel->isAncestorOf(w))
+            return false;
+    // A refused text keeps the editor and the focus; the click goes nowhere.
+    return !Validate_Cell();
+}
+
+void GridScreen::closeEvent(QCloseEvent *event)
+{
+    if (m_editorOpen && !Validate_Cell()) {
+        event->ignore();
+        return;
+    }
+    Screen::closeEvent(event);
+}
 
 bool GridScreen::eventFilter(QObject *watched, QEvent *event)
 {

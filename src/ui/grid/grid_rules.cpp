@@ -2,6 +2,8 @@
 #include "core/db.h"
 #include "core/errors.h"
 
+#include <QMap>
+
 QString Grid_Text(const QVariant &value)
 {
     if (value.isNull())
@@ -26,10 +28,26 @@ QVariant GridRules::Field_Value(int col, const QString &text) const
 void GridRules::Insert_New_From_Grid(Save_Work &w)
 {
     for (int r = w.rs.rowCount() + w.fixedRows; r < w.cells.rows(); ++r) {
+        if (Row_Is_Blank(w.cells, r))
+            continue;
         w.workRow = r;
         w.workCol = 1;
         Insert_Row(w, r);
+        w.insertedRows << r;
     }
+}
+
+bool GridRules::Row_Is_Blank(const Grid_Cells &cells, int row) const
+{
+    QMap<int, QString> defaults;
+    for (const auto &[col, text] : First_Row_Defaults() + New_Row_Defaults())
+        defaults[col] = text;
+    for (int c = 1; c < cells.cols(); ++c) {
+        const QString text = cells.text(row, c);
+        if (!text.isEmpty() && !(defaults.contains(c) && defaults.value(c) == text))
+            return false;
+    }
+    return true;
 }
 
 std::optional<Cell_Refusal> GridRules::Read_Values_From_Grid(Save_Work &w)
@@ -89,6 +107,8 @@ Grid_Save_Result Run_Grid_Save(GridRules &rules, Connection &conn, RecordSet &rs
         return result;
     }
     Save_Work w{conn, rs, cells, rules.fixedRows, addedRows};
+    const qint64 lastBefore =
+        rules.table.isEmpty() ? 0 : conn.scalar(QStringLiteral("SELECT max(rowid) FROM ") + rules.table).toLongLong();
     try {
         Transaction t(conn);
         rules.Insert_New_From_Grid(w);
@@ -110,6 +130,18 @@ Grid_Save_Result Run_Grid_Save(GridRules &rules, Connection &conn, RecordSet &rs
         result.failureText = Save_Failure_Text(rules.texts, column1);
         result.row = w.workRow;
         result.col = w.workCol;
+        // The rows written before the fault stay stored: the grid takes them as saved.
+        if (rules.table.isEmpty() || w.insertedRows.isEmpty())
+            return result;
+        RowSet written = conn.query(QStringLiteral("SELECT rowid FROM ") + rules.table
+                                        + QStringLiteral(" WHERE rowid > ? ORDER BY rowid"),
+                                    {lastBefore});
+        for (; !written.eof(); written.next())
+            result.writtenIds << written.value(0).toLongLong();
+        if (result.writtenIds.size() == w.insertedRows.size())
+            result.writtenRows = w.insertedRows;
+        else
+            result.writtenIds.clear();
     }
     return result;
 }

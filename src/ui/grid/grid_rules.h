@@ -63,6 +63,7 @@ struct Save_Work
     int addedRows;   // rows added since the last save
     int workRow = -1;
     int workCol = 1;
+    QList<int> insertedRows;  // new grid rows written so far, in order
 };
 
 // One screen's differences. A screen derives from it, fills the data members
@@ -113,12 +114,23 @@ public:
     // Commit_Edit found a different text in the row (commitMarksDirty
     // screens only). May fault: the fault then reaches the handler.
     virtual void Row_Changed(int row) {}
+    // A grid row moved to another place (a written new row joining the saved
+    // ones): whatever the screen keeps by row follows it.
+    virtual void Row_Moved(int from, int to) {}
+    // A grid row was removed: the rows below it move up one.
+    virtual void Row_Removed(int row) {}
+    // The grid was filled anew from the store: nothing in it waits to be written.
+    virtual void Rows_Reloaded() {}
 
     // --- Save -------------------------------------------------------------
     // A refusal here shows its box and saves nothing (the result stays true).
     virtual std::optional<Cell_Refusal> Pre_Save_Check(const Grid_Cells &cells) { return std::nullopt; }
-    // Default: Insert_Row for each grid row below the record set's rows.
+    // Default: Insert_Row for each grid row below the record set's rows that
+    // is not blank.
     virtual void Insert_New_From_Grid(Save_Work &w);
+    // A new row with nothing typed in it (empty cells, or the defaults Add_Row
+    // wrote) is no record and is not written.
+    bool Row_Is_Blank(const Grid_Cells &cells, int row) const;
     // Writes one new grid row (INSERT). Faults go to the failure box.
     virtual void Insert_Row(Save_Work &w, int gridRow) = 0;
     // Default: Write_Row for each record set row whose grid row
@@ -163,6 +175,10 @@ struct Grid_Save_Result
     QString failureText;
     int row = -1;
     int col = -1;
+    // After a fault: the new grid rows already written and their rowids, in
+    // order; they are saved rows from then on.
+    QList<int> writtenRows;
+    QList<qint64> writtenIds;
 };
 
 // Steps 2 to 5 of a save: pre-check, Insert_New_From_Grid,

@@ -59,6 +59,7 @@ GridScreen::GridScreen(const QString &formName, const QString &caption, std::uni
     connect(CmdAdd, &QPushButton::clicked, this, &GridScreen::CmdAdd_Click);
     connect(CmdSave, &QPushButton::clicked, this, &GridScreen::CmdSave_Click);
     connect(cmdDel, &QPushButton::clicked, this, &GridScreen::cmdDel_Click);
+    Install_Leave_Guard();
 }
 
 GridScreen::~GridScreen() = default;
@@ -120,6 +121,7 @@ void GridScreen::Clear_Grid()
 {
     Hide_Editor();
     MSFlexGrid1->clearContents();
+    m_rules->Rows_Reloaded();
     MSFlexGrid1->Set_Size(Fixed_Rows() + 1, m_rules->Column_Count());
     MSFlexGrid1->Set_Fixed_Rows(Fixed_Rows());
 }
@@ -165,6 +167,7 @@ void GridScreen::Set_Headers(bool afterSave)
 
 void GridScreen::Read_Values()
 {
+    m_rules->Rows_Reloaded();
     if (m_rs.rowCount() == 0)
         return;
     const int fixed = Fixed_Rows();
@@ -195,9 +198,10 @@ void GridScreen::Begin_Edit(const QString &text, bool caretAtEnd)
         return;
     // Opening the editor counts as a change, even if nothing is typed.
     m_dirty = true;
-    Place_Editor();
+    // The box holds its text before pending events run, so that keys typed
+    // meanwhile land after it, in order.
     if (text.isEmpty()) {
-        const QString current = Cell(m_editRow, m_editCol);
+        const QString current = Cell(Current_Row(), Current_Col());
         txtEdit->setText(current);
         txtEdit->setSelection(current.size(), -current.size());
     } else if (text == QLatin1String("DEL")) {
@@ -206,12 +210,14 @@ void GridScreen::Begin_Edit(const QString &text, bool caretAtEnd)
         txtEdit->setText(text);
         txtEdit->setCursorPosition(caretAtEnd ? text.size() : 1);
     }
+    Place_Editor();
 }
 
 void GridScreen::Place_Editor()
 {
     m_editRow = Current_Row();
     m_editCol = Current_Col();
+    const bool placing = m_placing;
     m_placing = true;
     MSFlexGrid1->Flush_Layout();
     const QModelIndex cell = MSFlexGrid1->model()->index(m_editRow, m_editCol);
@@ -224,9 +230,11 @@ void GridScreen::Place_Editor()
     MSFlexGrid1->setFocusPolicy(Qt::NoFocus);
     txtEdit->show();
     txtEdit->raise();
-    QCoreApplication::processEvents();
+    // The box has the focus before pending events run: keys already typed go
+    // into it, not to the grid.
     txtEdit->setFocus();
-    m_placing = false;
+    QCoreApplication::processEvents();
+    m_placing = placing;
 }
 
 void GridScreen::Hide_Editor()
@@ -324,6 +332,7 @@ bool GridScreen::Save_Changes()
     // What stands in the box goes into the cell as it is.
     Commit_Edit();
     const Grid_Save_Result result = Run_Grid_Save(*m_rules, conn(), m_rs, Snapshot(), m_added);
+    m_preCheckRefused = result.preCheckRefused;
     if (result.preCheckRefused) {
         Msg_Box(result.refusal->text, result.refusal->style, result.refusal->title);
         return true;
@@ -334,8 +343,10 @@ bool GridScreen::Save_Changes()
         Go_To(row, col);
         return false;
     };
-    if (result.failed)
+    if (result.failed) {
+        Take_Written_Rows(result);
         return fail(result.failureText, result.row, result.col);
+    }
     if (result.refusal) {
         Msg_Box(result.refusal->text, result.refusal->style, result.refusal->title);
         Go_To(result.row, result.col);
@@ -350,6 +361,31 @@ bool GridScreen::Save_Changes()
     Show_Saved_Box();
     Grid_Focus();
     return true;
+}
+
+void GridScreen::Take_Written_Rows(const Grid_Save_Result &result)
+{
+    // Written rows move up to stand after the saved ones, in the order written,
+    // and join the record set; a later save no longer inserts them.
+    try {
+        for (int i = 0; i < result.writtenRows.size(); ++i) {
+            const int from = result.writtenRows.at(i);
+            const int to = m_rs.rowCount() + Fixed_Rows();
+            if (from != to) {
+                const QStringList cells = Row_Cells(from);
+                MSFlexGrid1->removeRow(from);
+                MSFlexGrid1->insertRow(to);
+                for (int c = 0; c < cells.size(); ++c)
+                    Set_Cell(to, c, cells.at(c));
+            }
+            m_rs.append(result.writtenIds.at(i));
+            m_rules->Row_Moved(from, to);
+            --m_added;
+        }
+    } catch (const AppError &) {
+        // The store could not give the row back: the grid shows it as it was.
+    }
+    m_added = qMax(0, m_added);
 }
 
 void GridScreen::CmdSave_Click()
@@ -409,6 +445,7 @@ void GridScreen::cmdDel_Click()
     } else {
         Hide_Editor();
         MSFlexGrid1->removeRow(row);
+        m_rules->Row_Removed(row);
         Delete_Captions(true, false);
     }
     Grid_Focus();
@@ -424,5 +461,6 @@ bool GridScreen::Query_Unload()
                 QStringLiteral("Save Changes Confirmation"))
         != vbYes)
         return true;
-    return Save_Changes();
+    // A save its pre-check refused wrote nothing: the screen stays, as after a failed save.
+    return Save_Changes() && !m_preCheckRefused;
 }

@@ -66,6 +66,7 @@
 #include "grid_rules.h"
 #include "ui/screen.h"
 
+#include <QList>
 #include <memory>
 
 class FlexGrid;
@@ -145,11 +146,19 @@ protected:
     virtual bool F2_Lookup(bool fromEditor) { return false; }
     virtual void Before_Cascade() {}
     virtual void Delete_Captions(bool yes, bool cleared);
+    // A panel the editor's text may go to unchecked (a lookup list): clicks
+    // in it do not pass through Validate_Cell.
+    void Keep_Editor_Open_For(QWidget *panel) { m_lookupPanels << panel; }
 
     bool Query_Unload() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
+    friend class Leave_Guard;
+    bool Leaving_Editor(QObject *watched, QEvent *event);
+    void Install_Leave_Guard();
+    void Take_Written_Rows(const Grid_Save_Result &result);
     bool Grid_Key(QKeyEvent *e);
     bool Editor_Key(QKeyEvent *e);
     void Grid_Tab(bool back);
@@ -172,4 +181,7 @@ private:
     int m_editCol = -1;
     bool m_placing = false;
     bool m_arrowsBySentKeys = false;
+    QList<QWidget *> m_lookupPanels;
+    bool m_preCheckRefused = false;
+    QObject *m_leaveGuard = nullptr;
 };

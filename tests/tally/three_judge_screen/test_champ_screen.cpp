@@ -322,12 +322,12 @@ void TestChampScreen::keys_and_checks()
     QCOMPARE(stored(106, 2), QString("50"));
     QCOMPARE(stored(102, 1), QString("NULL"));   // the 7 went with the "No"
 
-    // A save whose text is no number: the update box, and nothing tallied.
+    // A click on Tally with a text that is no number: the editor refuses it, nothing is saved.
     Go(s, 2, First_Judge_Column);
     Type("x");
     Dialogs::clearRecords();
     Click(s.Cmd_Tally);
-    QCOMPARE(Dialogs::texts(), QStringList{"There was an error during the update!"});
+    QCOMPARE(Dialogs::texts(), QStringList{"Invalid Entry! Re-enter or Hit <Escape> to exit"});
     QCOMPARE(stored(102, 1), QString("NULL"));
 
     // Closing with unsaved marks asks; "No" closes without saving.
