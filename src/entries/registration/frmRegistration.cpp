@@ -57,6 +57,12 @@ frmRegistration::frmRegistration(QWidget *parent)
     columns->setSpacing(24);
     columns->addWidget(findChild<QGroupBox *>(QStringLiteral("frm_search")), 2);
     columns->addWidget(frm_reg, 3);
+    // The entry keeps its place while hidden, so the desk does not jump.
+    QSizePolicy keep = frm_reg->sizePolicy();
+    keep.setRetainSizeWhenHidden(true);
+    frm_reg->setSizePolicy(keep);
+    // Whoever gives the desk focus gives it to the number box.
+    setFocusProxy(search_num);
     setWindowState(windowState() | Qt::WindowMaximized);
     Open_Connection();
     Reset_Desk();
