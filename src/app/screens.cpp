@@ -1,5 +1,7 @@
 #include "screens.h"
 #include "entries/frmCompetitors.h"
+#include "entries/registration/frmRegistration.h"
+#include "entries/split/frmSplitAges.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "publish/FrmHTML2.h"
@@ -24,5 +26,7 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
     frmMain::Register_Screen("mnuHTML", [] { return new FrmHTML2; });
     frmMain::Register_Screen("mnubrogard", [] { return new frmbrogard; });
+    frmMain::Register_Screen("mnusplit", [] { return new frmSplitAges; });
+    frmMain::Register_Screen("mnuregistration", [] { return new frmRegistration; });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
 }
