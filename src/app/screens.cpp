@@ -1,5 +1,8 @@
 #include "screens.h"
 #include "entries/frmCompetitors.h"
+#include "exchange/FrmBackup.h"
+#include "exchange/FrmImport.h"
+#include "exchange/FrmRestore.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "setup/FrmEvents.h"
@@ -21,4 +24,7 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnuCompetition", [] { return new FrmTallyComp; });
     frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
+    frmMain::Register_Screen("mnubackup", [] { return new FrmBackup; });
+    frmMain::Register_Screen("mnurestore", [] { return new FrmRestore; });
+    frmMain::Register_Screen("mnuImport", [] { return new FrmImport; });
 }
