@@ -29,16 +29,12 @@ inline short Sample_Competition(Connection &conn, int dancers)
                                        {"CH", "Open Championship", "C", "N"}, {"PS", "Premiership", "PS", "N"}};
     for (const QStringList &e : events)
         conn.execute("INSERT INTO age_groups(competition_id, competition_group_id, age_group, category, no_prizes, "
-                     "split_overalls, championship_title, championship_type, orderby, inc_t_fling) "
-                     "VALUES (?,?,?,?,6,?,?,?,?,?)",
-                     {comp, e[0], e[1], e[2], e[3], e[2] == "C" ? QVariant("Argyll") : QVariant(),
-                      e[2] == "C" ? QVariant("O") : QVariant(), events.indexOf(e) + 1, e[0] == "E4" ? "N" : "Y"});
+                     "split_overalls, championship_title, orderby, inc_t_fling) VALUES (?,?,?,?,6,?,'Argyll',?,?)",
+                     {comp, e[0], e[1], e[2], e[3], events.indexOf(e) + 1, e[0] == "E4" ? "N" : "Y"});
     QList<int> judges;
-    for (const char *name : {"Sean|O'Neill", "Ann|Kerr", "Moira|Grant"}) {
-        const QStringList n = QString(name).split('|');
-        conn.execute("INSERT INTO judges(competition_id, forename, surname) VALUES (?,?,?)", {comp, n[0], n[1]});
-        judges << int(conn.lastInsertId());
-    }
+    for (const char *name : {"O'Neill", "Kerr", "Grant"})
+        judges << int((conn.execute("INSERT INTO judges(competition_id, forename, surname) VALUES (?,'Ann',?)", {comp, name}),
+                       conn.lastInsertId()));
     const QStringList towns = {"Oban", "Perth", "Inverness", "Aberdeen", "Dundee", "Stirling"};
     QHash<QString, QList<int>> entered;
     for (int n = 1; n <= dancers; ++n) {
