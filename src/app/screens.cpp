@@ -2,6 +2,9 @@
 #include "entries/frmCompetitors.h"
 #include "entries/registration/frmRegistration.h"
 #include "entries/split/frmSplitAges.h"
+#include "exchange/FrmBackup.h"
+#include "exchange/FrmImport.h"
+#include "exchange/FrmRestore.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "publish/FrmHTML2.h"
@@ -29,4 +32,7 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnusplit", [] { return new frmSplitAges; });
     frmMain::Register_Screen("mnuregistration", [] { return new frmRegistration; });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
+    frmMain::Register_Screen("mnubackup", [] { return new FrmBackup; });
+    frmMain::Register_Screen("mnurestore", [] { return new FrmRestore; });
+    frmMain::Register_Screen("mnuImport", [] { return new FrmImport; });
 }

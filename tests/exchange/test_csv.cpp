@@ -1,0 +1,124 @@
+// Competitors from delimited files, matched by headings or by dragging fields across.
+#include "rows.h"
+
+#include "exchange/FrmImport.h"
+#include "exchange/csv_import.h"
+#include "exchange/field_list.h"
+
+#include "core/dialogs.h"
+#include "core/globals.h"
+#include "support/fixtures.h"
+#include "support/test_env.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QMimeData>
+#include <QtTest>
+
+class TestCsv : public QObject
+{
+    Q_OBJECT
+private slots:
+    void loads_data();
+    void loads();
+    void screen_by_dragging();
+};
+
+namespace {
+const QString Dancers = "SELECT competitor_id, forename, surname, age, town, fee, notes, group_id1, group_id2, (SELECT "
+                        "group_concat(group_id) FROM competitor_groups g WHERE g.competitor_id = c.competitor_id) "
+                        "FROM competitors c ORDER BY competitor_id";
+}
+
+void TestCsv::loads_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("delim");
+    QTest::addColumn<QList<int>>("map");  // file field per position; empty: matched by headings
+    QTest::addColumn<int>("count");       // -1: stopped by a fault
+    QTest::addColumn<QString>("expected");
+
+    const QList<int> nfsa = {0, 1, 2, 3, -1, -1, 4};
+    QTest::newRow("headings, any case, quotes dropped")
+        << "\"NUMBER\",lastname,Firstname,Town,Event1,Event2,Age\r\n7,O'Neill,\"Amy\",Oban,E1,E1,9\r\n"
+        << "," << QList<int>() << 1 << "7|Amy|O'Neill|9|Oban|~||E1|E1|E1";
+    QTest::newRow("tab, more fields than placed") << "1\tAmy\tWatt\t8\tOban\tx\ty\r\n2\tBeth\tRoss\t\tPerth\r\n" << "\t"
+        << nfsa << 2 << "1|Amy|Watt|8|Oban|~||||~;2|Beth|Ross|~|Perth|~||||~";
+    QTest::newRow("other delimiter, last line without end") << "1;Amy;Watt;8;Oban\r\n2;Beth;Ross;7;Perth" << ";" << nfsa
+        << 2 << "1|Amy|Watt|8|Oban|~||||~;2|Beth|Ross|7|Perth|~||||~";
+    QTest::newRow("short lines skipped, fee and notes")
+        << "1,Amy,Watt,,Oban,12.5,Paid late\r\n\r\nx,y\r\n" << "," << QList<int>{0, 1, 2, -1, -1, -1, 4, -1, 5, -1, -1, 6}
+        << 1 << "1|Amy|Watt|~|Oban|12.5|Paid late|||~";
+    QTest::newRow("text age stops at its line") << "1,Amy,Watt,8\r\n2,Beth,Ross,eight\r\n3,Cara,Mair,9\r\n" << ","
+        << nfsa << -1 << "1|Amy|Watt|8||~||||~";
+}
+
+void TestCsv::loads()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, delim);
+    QFETCH(QList<int>, map);
+    QFETCH(int, count);
+    QFETCH(QString, expected);
+
+    TestDataFolder env;
+    Connection conn;
+    conn.open();
+    const short comp = Fixture::Competition(conn);
+    const bool byHeadings = map.isEmpty();
+    const Csv_File csv = Read_Csv(file, delim);
+    if (byHeadings)
+        for (const Csv_Item &i : Build_Csv_Lists(csv, delim, true, true).placed)
+            map << i.index;
+    QCOMPARE(Import_Csv(conn, comp, csv, delim, byHeadings, map), count);
+    if (count > 0)  // a second run gives no doubles
+        QCOMPARE(Import_Csv(conn, comp, csv, delim, byHeadings, map), count);
+    QCOMPARE(Rows(conn, Dancers), expected);
+}
+
+void TestCsv::screen_by_dragging()
+{
+    TestDataFolder env;
+    Connection conn;
+    conn.open();
+    Fixture::Competition(conn);
+    QFile f(env.file("entries.csv"));
+    f.open(QIODevice::WriteOnly);
+    f.write("Number,Surname,Firstname,Age\r\n4,Watt,Amy,8\r\n5,Ross,Beth,7\r\n");
+    f.close();
+
+    FrmImport screen;
+    screen.LstComp_Click(screen.findChild<QListWidget *>("LstComp")->item(0));
+    screen.findChild<QCheckBox *>("chk_header")->setChecked(true);
+    Dialogs::queueText(env.file("entries.csv"));
+    screen.CmdBrowse_Click();
+    auto *list1 = screen.findChild<Field_List *>("List1");
+    auto *list2 = screen.findChild<Field_List *>("List2");
+    QCOMPARE(list2->count(), 0);
+    const auto drop = [&](Field_List *from, Field_List *to, int row) {
+        QMimeData data;
+        data.setData(Field_List::Mime_Type, from->objectName().toUtf8() + '\t' + QByteArray::number(row));
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent ev(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(to->viewport(), &enter), QApplication::sendEvent(to->viewport(), &ev);
+    };
+    // Number, Firstname (the file's third field), Lastname, a <Blank> taken back again, Age.
+    for (const auto &[back, row] : QList<QPair<bool, int>>{{false, 0}, {false, 1}, {false, 0}, {false, 1}, {true, 3}, {false, 0}})
+        back ? drop(list2, list1, row) : drop(list1, list2, row);
+    QCOMPARE(list2->count(), 4);
+    QCOMPARE(list1->count(), 1);  // "<Blank>" stays to be used again
+
+    Dialogs::clearRecords();
+    screen.findChild<QPushButton *>("Command1")->click();
+    QCOMPARE(Dialogs::texts(), QStringList({"2 rows were successfully loaded. "}));
+    QCOMPARE(Rows(conn, "SELECT competitor_id, forename, surname, age FROM competitors ORDER BY 1"),
+             QString("4|Amy|Watt|8;5|Beth|Ross|7"));
+    screen.findChild<QComboBox *>("LstDelim")->setCurrentIndex(2);
+    screen.LstDelim_Click();
+    QCOMPARE(Dialogs::lastRecord().text, QString("You must enter a delimiter!"));
+}
+
+QTEST_MAIN(TestCsv)
+#include "test_csv.moc"
