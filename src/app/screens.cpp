@@ -1,5 +1,7 @@
 #include "screens.h"
 #include "entries/frmCompetitors.h"
+#include "reports/FrmReports.h"
+#include "reports/teachers_report.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "setup/FrmEvents.h"
@@ -21,4 +23,6 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnuCompetition", [] { return new FrmTallyComp; });
     frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
+    frmMain::Register_Screen("mnustewards", [] { return new FrmReports; });
+    frmMain::Register_Screen("mnuteachers", []() -> QWidget * { Show_Teachers_Report(); return nullptr; });
 }

@@ -92,7 +92,11 @@ QStringList Logical_Lines(const QString &text)
         return {};
     QString t = text;
     t.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return t.split(QLatin1Char('\n'));
+    QStringList lines = t.split(QLatin1Char('\n'));
+    // Line breaks at the end of a text end its lines; they add no height.
+    while (!lines.isEmpty() && lines.last().isEmpty())
+        lines.removeLast();
+    return lines;
 }
 
 QString Field_Text(const QVariant &v)
