@@ -5,6 +5,8 @@
 #include "exchange/FrmBackup.h"
 #include "exchange/FrmImport.h"
 #include "exchange/FrmRestore.h"
+#include "reports/FrmReports.h"
+#include "reports/teachers_report.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "publish/FrmHTML2.h"
@@ -35,4 +37,6 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnubackup", [] { return new FrmBackup; });
     frmMain::Register_Screen("mnurestore", [] { return new FrmRestore; });
     frmMain::Register_Screen("mnuImport", [] { return new FrmImport; });
+    frmMain::Register_Screen("mnustewards", [] { return new FrmReports; });
+    frmMain::Register_Screen("mnuteachers", []() -> QWidget * { Show_Teachers_Report(); return nullptr; });
 }

@@ -127,6 +127,11 @@ private:
     bool Save_Step(bool askAlways, bool withCompare);
     void Write_Compare_File_If_Checking();
     void Run_Report_Button(void (FrmTallyComp::*report)());
+    // The result sheets of the event (FrmTallyComp_reports.cpp).
+    void Show_Event_Report();
+    void Print_Event_Report();
+    void Show_Callback_Report();
+    void Print_Callback_Report();
     void Take_No_Prizes();
     void Select_Prize_Entry(short noPrizes);
     void Select_Entry(QListWidget *list, int row);

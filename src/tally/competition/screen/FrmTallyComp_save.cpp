@@ -107,28 +107,7 @@ void FrmTallyComp::Run_Report_Button(void (FrmTallyComp::*report)())
     }
 }
 
-// The reports and the compare run are filled in by their own work; until then
-// these buttons make the save that comes before them.
-void FrmTallyComp::CmdRpt_Click()
-{
-    Run_Report_Button(nullptr);
-}
-
-void FrmTallyComp::CmdPRRpt_Click()
-{
-    Run_Report_Button(nullptr);
-}
-
-void FrmTallyComp::cmdCallback_Click()
-{
-    Run_Report_Button(nullptr);
-}
-
-void FrmTallyComp::cmdPRCallback_Click()
-{
-    Run_Report_Button(nullptr);
-}
-
+// The four report buttons are in FrmTallyComp_reports.cpp.
 void FrmTallyComp::CmdCheck_Click()
 {
     Run_Report_Button(nullptr);

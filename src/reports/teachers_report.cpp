@@ -1,0 +1,62 @@
+#include "teachers_report.h"
+#include "report.h"
+#include "report_output.h"
+#include "core/db.h"
+#include "core/globals.h"
+
+#include <cmath>
+
+namespace {
+
+QString Points_Text(const QVariant &v)
+{
+    const double d = v.toDouble();
+    return d == std::floor(d) ? QString::number(static_cast<qint64>(d)) : QString::number(d);
+}
+
+} // namespace
+
+QList<QPair<QString, QString>> Teachers_Top_10(Connection &conn, short comp)
+{
+    const QString id = QString::number(comp);
+    RowSet rs = conn.query(
+        QStringLiteral("SELECT sum(o.points) AS tot_points, c.teacher FROM competitors AS c "
+                       "LEFT JOIN overall_dance_results AS o ON o.competitor_id = c.competitor_id "
+                       "LEFT JOIN dance_no_dancers AS b ON (o.dance_id = b.dance_id) AND (o.group_id = b.group_id) "
+                       "AND (o.competition_id = b.competition_id) Where c.competition_id = ")
+        + id + QStringLiteral(" AND o.competition_id = ") + id
+        + QStringLiteral(" AND c.teacher is not null AND o.points > 0 AND b.group_id IS NULL AND b.dance_id IS NULL "
+                         "AND b.competition_id IS NULL GROUP BY c.teacher ORDER BY 1 DESC"));
+    QList<QPair<QString, QString>> out;
+    double tenth = 0;
+    for (; !rs.eof(); rs.next()) {
+        const double points = rs.toDouble(QStringLiteral("tot_points"));
+        // The first ten, then only those level with the tenth.
+        if (out.size() >= 10 && points != tenth)
+            break;
+        if (out.size() == 9)
+            tenth = points;
+        out.append({rs.text(QStringLiteral("teacher")), Points_Text(rs.value(QStringLiteral("tot_points")))});
+    }
+    return out;
+}
+
+void Fill_Teachers_Report(Connection &conn, Report &report)
+{
+    report.Controls(QStringLiteral("Section4"), QStringLiteral("cname")).Caption = Current_Competition_Name;
+    report.Controls(QStringLiteral("Section4"), QStringLiteral("compdate")).Caption = Current_Competition_Date;
+    QString lines;
+    for (const auto &row : Teachers_Top_10(conn, Current_Competition_Id))
+        lines += row.first + QStringLiteral(" - ") + row.second + QStringLiteral("\r\n");
+    report.Controls(QStringLiteral("Section2"), QStringLiteral("lbl1")).Caption = lines;
+}
+
+void Show_Teachers_Report()
+{
+    Connection conn;
+    conn.open();
+    auto report = Report::Load(QStringLiteral("DataReport9"));
+    Fill_Teachers_Report(conn, *report);
+    conn.close();
+    Show_Report(report);
+}
