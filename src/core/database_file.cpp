@@ -75,19 +75,6 @@ void Stamp_Database()
     Stamp_Database(conn);
 }
 
-QString Read_Db_Version(Connection &conn)
-{
-    return conn.scalar(QStringLiteral("SELECT db_version FROM db_info")).toString();
-}
-
-void Upgrade_Database(Connection &conn)
-{
-    QString version = Read_Db_Version(conn);
-    // The rungs below the present version come with the upgrade of older files.
-    if (version == QLatin1String("4.6"))
-        return;
-}
-
 namespace {
 
 QString dbPath() { return Data_Dir + DB_FILE; }

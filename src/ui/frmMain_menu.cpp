@@ -2,12 +2,14 @@
 // the window handles itself (print, help, about, exit).
 #include "frmMain.h"
 #include "frmAbout.h"
+#include "help_pages.h"
 #include "main_menu.h"
 #include "menu_guard.h"
 #include "core/database_file.h"
 #include "core/dialogs.h"
 #include "core/errors.h"
 #include "core/globals.h"
+#include "core/page_setup.h"
 #include "core/routines.h"
 
 #include <QDesktopServices>
@@ -127,9 +129,12 @@ void frmMain::Stamp_File()
 
 void frmMain::mnuFilePageSetup_Click()
 {
+    if (Page_Chosen())
+        sharedPrinter().setPageLayout(Chosen_Page_Layout());
     QPageSetupDialog dialog(&sharedPrinter(), this);
     dialog.setWindowTitle(QStringLiteral("Page Setup"));
-    dialog.exec();
+    if (dialog.exec() == QDialog::Accepted)
+        Choose_Page_Layout(sharedPrinter().pageLayout());
 }
 
 void frmMain::mnuFilePrint_Click()
@@ -156,8 +161,8 @@ void frmMain::mnuFilePrint_Click()
 
 void frmMain::mnuHelpSearchForHelpOn_Click()
 {
-    const QString helpFile = Data_Dir + QStringLiteral("tallier.chm");
-    if (!File_Exists(helpFile)) {
+    const QString helpFile = Help_Index();
+    if (helpFile.isEmpty()) {
         Msg_Box(QStringLiteral("Unable to display Help Contents. There is no Help associated with this project."),
                 vbInformation);
         return;

@@ -4,6 +4,7 @@
 #include "frmMain.h"
 #include "frmSplash.h"
 #include "core/database_file.h"
+#include "core/prepared_file.h"
 #include "core/db.h"
 #include "core/dialogs.h"
 #include "core/globals.h"
@@ -21,6 +22,7 @@ std::unique_ptr<frmMain> Start_Program()
         return nullptr;
     }
     Finish_Interrupted_Compaction();
+    Lay_Prepared_Database();
 
     Connection conn;
     if (!Open_Database(conn)) {
