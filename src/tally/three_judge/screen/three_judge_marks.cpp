@@ -331,7 +331,7 @@ void ThreeJudgeScreen::Report_Button_Click(QPushButton *button)
     if (!Check_Unsaved())
         return;
     Set_Dirty(false);
-    // The sheet itself is filled and shown by the report routines.
+    Show_Sheet(button);
 }
 
 void ThreeJudgeScreen::CmdCheck_Click()

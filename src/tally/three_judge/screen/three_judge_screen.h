@@ -1,6 +1,7 @@
 #pragma once
 #include "three_judge_kind.h"
 #include "three_judge_sheet.h"
+#include "tally/three_judge/sheets/three_judge_sheets.h"
 #include "ui/grid/grid_screen.h"
 
 #include <array>
@@ -79,6 +80,9 @@ public:
     void Cmd_Tally_Click();
     void CmdRand_Click();
     void Report_Button_Click(QPushButton *button);
+    // Fills the button's sheet for the selected event and shows or prints it.
+    void Show_Sheet(QPushButton *button);
+    ThreeJudge::Sheet_Event Sheet_Event() const;
     void CmdCheck_Click();
     void Show_Dance_Name_Editor();
     void Save_Dance_Names();
