@@ -1,5 +1,6 @@
 #include "screens.h"
 #include "entries/frmCompetitors.h"
+#include "exchange/online/frmonlinereg.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "setup/FrmEvents.h"
@@ -21,4 +22,5 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnuCompetition", [] { return new FrmTallyComp; });
     frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
+    frmMain::Register_Screen("mnuonlinereg", [] { return new frmonlinereg; });
 }

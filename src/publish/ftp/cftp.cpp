@@ -79,6 +79,13 @@ void cFTP::Record_Error(const QString &step, int code)
                   + message;
 }
 
+void cFTP::Not_Connected(const QString &step)
+{
+    // The failed connection's own text says more than any later step could.
+    if (m_lastError.isEmpty())
+        Record_Error(step, CURLE_FAILED_INIT);
+}
+
 bool cFTP::Record_Unless_Ok(const QString &step, int code)
 {
     if (code == CURLE_OK)
@@ -184,7 +191,7 @@ QByteArray cFTP::Url(const QString &absolutePath) const
 bool cFTP::Quote(const QString &step, const QStringList &commands)
 {
     if (!Begin()) {
-        Record_Error(step, CURLE_FAILED_INIT);
+        Not_Connected(step);
         return false;
     }
     curl_slist *list = nullptr;
@@ -223,7 +230,7 @@ bool cFTP::RemoveFTPDirectory(const QString &remote)
 QString cFTP::GetFTPDirectory()
 {
     if (!m_connected) {
-        Record_Error(QStringLiteral("FtpGetCurrentDirectory"), CURLE_FAILED_INIT);
+        Not_Connected(QStringLiteral("FtpGetCurrentDirectory"));
         return QString();
     }
     return m_cwd;
@@ -233,7 +240,7 @@ bool cFTP::SetFTPDirectory(const QString &remote)
 {
     const QString step = QStringLiteral("FtpSetCurrentDirectory");
     if (!Begin()) {
-        Record_Error(step, CURLE_FAILED_INIT);
+        Not_Connected(step);
         return false;
     }
     // The server is asked to go there; the folder is kept only when it agrees.

@@ -76,6 +76,8 @@ private:
     bool Perform(const QString &step) { return Record_Unless_Ok(step, Run()); }
     bool Record_Unless_Ok(const QString &step, int code);
     void Record_Error(const QString &step, int code);
+    // A step tried with no connection.
+    void Not_Connected(const QString &step);
     // The server's own reply when its last answer to the request was a refusal.
     QString Server_Error_Reply() const;
     QString Absolute(const QString &remote) const;

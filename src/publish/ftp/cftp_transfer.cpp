@@ -88,7 +88,7 @@ bool cFTP::SimpleFTPPutFile(const QString &local, const QString &remote)
         return false;
     }
     if (!Begin()) {
-        Record_Error(step, CURLE_FAILED_INIT);
+        Not_Connected(step);
         return false;
     }
     curl_easy_setopt(m_curl, CURLOPT_URL, Url(Absolute(remote)).constData());
@@ -109,7 +109,7 @@ bool cFTP::SimpleFTPGetFile(const QString &local, const QString &remote)
         return false;
     }
     if (!Begin()) {
-        Record_Error(step, CURLE_FAILED_INIT);
+        Not_Connected(step);
         return false;
     }
     curl_easy_setopt(m_curl, CURLOPT_URL, Url(Absolute(remote)).constData());
@@ -137,7 +137,7 @@ bool cFTP::FTPUploadFile(const QString &local, const QString &remote)
         return false;
     }
     if (!Begin()) {
-        Record_Error(openStep, CURLE_FAILED_INIT);
+        Not_Connected(openStep);
         return false;
     }
     Blocks b;
@@ -178,7 +178,7 @@ bool cFTP::FTPDownloadFile(const QString &local, const QString &remote)
         return false;
     }
     if (!Begin()) {
-        Record_Error(openStep, CURLE_FAILED_INIT);
+        Not_Connected(openStep);
         return false;
     }
     Blocks b;
@@ -209,7 +209,7 @@ qint64 cFTP::GetFTPFileSize(const QString &remote)
 {
     const QString step = QStringLiteral("FtpFindFirstFile");
     if (!Begin()) {
-        Record_Error(step, CURLE_FAILED_INIT);
+        Not_Connected(step);
         return Find_Failed;
     }
     // The name is a pattern: a blank becomes "?", which matches it.
