@@ -7,6 +7,7 @@
 #include "exchange/FrmRestore.h"
 #include "reports/FrmReports.h"
 #include "reports/teachers_report.h"
+#include "exchange/online/frmonlinereg.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"
 #include "publish/FrmHTML2.h"
@@ -39,4 +40,5 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnuImport", [] { return new FrmImport; });
     frmMain::Register_Screen("mnustewards", [] { return new FrmReports; });
     frmMain::Register_Screen("mnuteachers", []() -> QWidget * { Show_Teachers_Report(); return nullptr; });
+    frmMain::Register_Screen("mnuonlinereg", [] { return new frmonlinereg; });
 }
