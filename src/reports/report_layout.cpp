@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QPageLayout>
 #include <QPageSize>
+#include "core/page_setup.h"
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QTextLayout>
@@ -372,9 +373,15 @@ void Paint_Piece(QPainter &p, const Piece &piece, double dy, double k, int page,
 
 int Report::Render(QPagedPaintDevice *device) const
 {
-    device->setPageLayout(QPageLayout(QPageSize(QPageSize::A4),
-                                      m_landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-                                      QMarginsF(m_margin, m_margin, m_margin, m_margin), QPageLayout::Millimeter));
+    QPageLayout layout(QPageSize(QPageSize::A4), m_landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+                       QMarginsF(m_margin, m_margin, m_margin, m_margin), QPageLayout::Millimeter);
+    // The paper and margins chosen under Page Setup; the sheet keeps its own orientation.
+    if (Page_Chosen()) {
+        const QPageLayout chosen = Chosen_Page_Layout();
+        layout.setPageSize(chosen.pageSize());
+        layout.setMargins(chosen.margins(QPageLayout::Millimeter));
+    }
+    device->setPageLayout(layout);
     QPainter painter;
     if (!painter.begin(device))
         return 0;

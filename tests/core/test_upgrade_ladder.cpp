@@ -115,13 +115,10 @@ void TestUpgradeLadder::climbsToTheTop()
         QCOMPARE(after.value(t), expected.value(t));
     QCOMPARE(after.keys(), expected.keys());
 
-    RowSet s = c.query(QStringLiteral("SELECT * FROM system_settings"));
-    QCOMPARE(s.rowCount(), 1);
-    QCOMPARE(s.text(QStringLiteral("check_dir")), Data_Dir + QStringLiteral("compare"));
-    for (const char *zero : {"judges_points", "check_mode", "auto_save", "judges_order"})
-        QCOMPARE(s.value(QLatin1String(zero)).toInt(), 0);
-    QVERIFY(s.isNull(QStringLiteral("locale")));
-    QVERIFY(s.isNull(QStringLiteral("show_address")));
+    // Settings as the rungs leave them: the locale and addresses unset.
+    QCOMPARE(c.query(QStringLiteral("SELECT ifnull(judges_points,'-') || check_mode || auto_save || judges_order || ifnull(locale,'-') "
+                                    "|| ifnull(show_address,'-') || check_dir FROM system_settings")).value(0).toString(),
+             QStringLiteral("0000--") + Data_Dir + QStringLiteral("compare"));
     // Marks survive the rebuilds; the old order column and a teacher's name do not.
     QCOMPARE(c.scalar(QStringLiteral("SELECT points_awarded2 FROM judges_results WHERE competitor_id = 101")).toInt(), 85);
     QVERIFY(c.scalar(QStringLiteral("SELECT orderby FROM judges_results")).isNull());

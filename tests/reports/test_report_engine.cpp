@@ -5,6 +5,7 @@
 #include "support/test_env.h"
 #include "core/dialogs.h"
 #include "core/errors.h"
+#include "core/page_setup.h"
 #include "reports/report.h"
 #include "reports/report_output.h"
 
@@ -64,6 +65,24 @@ private slots:
         QVERIFY2(text.contains(caption), qPrintable(text));
         for (const QString &mark : filled)
             QVERIFY2(text.contains(QRegularExpression(mark + "\\b")), qPrintable(mark));
+    }
+
+    // The paper and margins chosen under Page Setup reach every sheet; a
+    // landscape sheet stays landscape.
+    void chosen_page_is_used()
+    {
+        TestDataFolder env;
+        Choose_Page_Layout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF(25, 25, 25, 25),
+                                       QPageLayout::Millimeter));
+        for (const char *name : {"DataReport6", "DataReport2"}) {
+            QVERIFY(Report::Load(name)->Render_Pdf(env.file("sheet.pdf")) >= 1);
+            QProcess info;
+            info.start("pdfinfo", {env.file("sheet.pdf")});
+            info.waitForFinished();
+            const QString out = info.readAllStandardOutput();
+            QVERIFY2(out.contains(QString(name) == "DataReport2" ? "792 x 612 pts" : "612 x 792 pts (letter)"), qPrintable(out));
+        }
+        Choose_Page_Layout(QPageLayout());
     }
 
     // 150 rows of three parallel columns, one name far too long for its
