@@ -36,16 +36,10 @@ void TestCompareFile::written_bytes()
     QFETCH(QByteArray, bytes);
     Crosscheck_Event ev;
     Current_Group_Id = group;
-    const QString name = QStringLiteral("Under 12 \u00e9t\u00e9");
-    QString dir = Data_Dir + QStringLiteral("Compare/");
-    if (!folder.isEmpty()) {
-        // A file there already is replaced whole.
-        dir = Data_Dir + folder + QLatin1Char('/');
-        QDir().mkpath(dir);
-        QFile old(dir + name + QStringLiteral(".cmp"));
-        QVERIFY(old.open(QIODevice::WriteOnly));
-        old.write(QByteArray(400, 'x'));
-    }
+    const QString name = "Under 12 \u00e9t\u00e9", dir = Data_Dir + (folder.isEmpty() ? "Compare" : folder) + '/';
+    QFile old(dir + name + ".cmp");  // a file there already is replaced whole
+    QVERIFY(folder.isEmpty() || (QDir().mkpath(dir) && old.open(QIODevice::WriteOnly) && old.write("xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx") > 0));
+    old.close();
 
     Write_Compare_File(type, name);
 
