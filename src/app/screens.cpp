@@ -7,6 +7,7 @@
 #include "setup/frmJudges.h"
 #include "setup/frmdances.h"
 #include "setup/frmgroups.h"
+#include "settings/frmconfig.h"
 #include "ui/frmMain.h"
 
 // One line per screen: frmMain::Register_Screen("<menu item>", [] { return new <screen>; });
@@ -21,4 +22,5 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnuCompetition", [] { return new FrmTallyComp; });
     frmMain::Register_Screen("mnuTallier", [] { return new ThreeJudgeScreen(Championship_Kind()); });
     frmMain::Register_Screen("mnuTallierPrem", [] { return new ThreeJudgeScreen(Premiership_Kind()); });
+    frmMain::Register_Screen("mnusettings", [] { return new frmconfig; });
 }
