@@ -17,6 +17,7 @@
 #include "setup/frmJudges.h"
 #include "setup/frmdances.h"
 #include "setup/frmgroups.h"
+#include "settings/frmconfig.h"
 #include "ui/frmMain.h"
 
 // One line per screen: frmMain::Register_Screen("<menu item>", [] { return new <screen>; });
@@ -41,4 +42,5 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnustewards", [] { return new FrmReports; });
     frmMain::Register_Screen("mnuteachers", []() -> QWidget * { Show_Teachers_Report(); return nullptr; });
     frmMain::Register_Screen("mnuonlinereg", [] { return new frmonlinereg; });
+    frmMain::Register_Screen("mnusettings", [] { return new frmconfig; });
 }
