@@ -1,6 +1,7 @@
 #include "core/db.h"
 #include "core/database_file.h"
 #include "core/globals.h"
+#include "core/prepared_file.h"
 #include "core/upgrade_ladder.h"
 #include "support/test_env.h"
 
@@ -53,6 +54,7 @@ private slots:
     void climbsToTheTop_data();
     void climbsToTheTop();
     void failedRungKeepsTheLastFinished();
+    void preparedFileLaidOnlyIntoAFolderThatNeverHeldOne();
 };
 
 void TestUpgradeLadder::climbsToTheTop_data()
@@ -148,6 +150,24 @@ void TestUpgradeLadder::failedRungKeepsTheLastFinished()
     }
     QCOMPARE(Read_Db_Version(c), QStringLiteral("4.3"));
     QVERIFY(!shapeOf(c)[QStringLiteral("competitions")].contains(QStringLiteral("registration_id")));
+}
+
+// The first start of an installed program: an operator's file, backup, copy
+// in another case or unfinished compaction keeps the empty file out.
+void TestUpgradeLadder::preparedFileLaidOnlyIntoAFolderThatNeverHeldOne()
+{
+    for (const char *name : {"", "tallier.mdb", "Tallier.bak", "TALLIER.MDB", "TallierTemp.mdb"}) {
+        TestDataFolder folder(false);
+        QFile f(folder.file(QString::fromLatin1(name)));
+        if (*name)
+            QVERIFY(f.open(QIODevice::WriteOnly) && f.write("data") == 4 && (f.close(), true));
+        QCOMPARE(Lay_Prepared_Database(Prepared_Database_Path()), !*name);
+        Connection c;
+        if (!*name)
+            c.open(folder.file(DB_FILE), Db_Password), c.execute(QStringLiteral("INSERT INTO competitions(competition_name) VALUES ('Cowal')"));
+        else
+            QVERIFY(f.open(QIODevice::ReadOnly) && f.readAll() == "data");
+    }
 }
 
 QTEST_GUILESS_MAIN(TestUpgradeLadder)
