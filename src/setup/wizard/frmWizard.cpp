@@ -38,6 +38,15 @@ QHBoxLayout *Buttons(QPushButton *next, QPushButton *cancel)
     return row;
 }
 
+// The dance goes to the end of the other list; the cursor stays where it was.
+void Move_Dance(QListWidget *from, QListWidget *to, QListWidgetItem *item)
+{
+    const int row = from->row(item);
+    to->addItem(from->takeItem(row));
+    to->setCurrentItem(item);
+    from->setCurrentRow(qMin(row, from->count() - 1));
+}
+
 } // namespace
 
 frmWizard::frmWizard(QWidget *parent) : Screen(QStringLiteral("frmWizard"), QStringLiteral("Competition Wizard"), parent)
@@ -52,8 +61,7 @@ frmWizard::frmWizard(QWidget *parent) : Screen(QStringLiteral("frmWizard"), QStr
     resize(760, 600);
     Open_Connection();
     Show_Panel(FrmCompetition, QStringLiteral("Competition Details"),
-               QStringLiteral("Enter the information for this competition"));
-    txtCompetitionName->setFocus();
+               QStringLiteral("Enter the information for this competition"), txtCompetitionName);
 }
 
 frmWizard::~frmWizard() = default;
@@ -154,8 +162,12 @@ void frmWizard::Build_Dances_Panel()
     connect(cmdDancesCancel, &QPushButton::clicked, this, &frmWizard::Cancel_Click);
 }
 
-void frmWizard::Show_Panel(QFrame *panel, const QString &main, const QString &info)
+// The focus goes to the new panel before the old one hides, so that it never
+// passes through a list (a list given the focus picks its first entry).
+void frmWizard::Show_Panel(QFrame *panel, const QString &main, const QString &info, QWidget *focus)
 {
+    panel->show();
+    focus->setFocus();
     for (QFrame *p : {FrmCompetition, FrmEvents, FrmDances})
         p->setVisible(p == panel);
     LblMain->setText(main);
@@ -227,11 +239,11 @@ void frmWizard::CmdCompetitionNext_Click()
                                     txtcompetitionorganiser->text(), txtorganiserrole->text(), txtvenue->text(),
                                     txttown->text(), txtaddress->text()});
         Fill_LstDances();
-        Show_Panel(FrmEvents, QStringLiteral("Event Details"), QStringLiteral("Enter the information for this event"));
+        Show_Panel(FrmEvents, QStringLiteral("Event Details"), QStringLiteral("Enter the information for this event"),
+                   txtGroupName);
         lstSplitAge->setCurrentRow(0);
         m_eventNo = 1;
         m_orderNo = 1;
-        txtGroupName->setFocus();
     } catch (const AppError &) {
         Msg_Box(QStringLiteral("There was an internal error. Please close and try again"));
     }
@@ -246,7 +258,11 @@ void frmWizard::Fill_LstDances()
         lstDances->addItem(c.text);
         m_codes << c.code;
     }
+    // Letters typed for the last event are forgotten (the empty search picks
+    // an entry, so nothing is chosen only after it).
+    lstDances->keyboardSearch(QString());
     lstDances->setCurrentRow(-1);
+    lstDances->clearSelection();
     LstDances_Click();
 }
 
@@ -328,9 +344,8 @@ void frmWizard::Make_Event_With_New_Category()
         auto *item = new QListWidgetItem(d.name, List1);
         item->setData(Qt::UserRole, d.id);
     }
-    Show_Panel(FrmDances, QStringLiteral("Dance Details"), QStringLiteral("Select dances for this event"));
     List1->setCurrentRow(0);
-    List1->setFocus();
+    Show_Panel(FrmDances, QStringLiteral("Dance Details"), QStringLiteral("Select dances for this event"), List1);
 }
 
 // On No the wizard is done and closes.
@@ -348,10 +363,10 @@ void frmWizard::Next_Group()
     txtGroupCode->clear();
     txtchampionshiptitle->clear();
     Fill_LstDances();
-    Show_Panel(FrmEvents, QStringLiteral("Event Details"), QStringLiteral("Enter the information for this event"));
+    Show_Panel(FrmEvents, QStringLiteral("Event Details"), QStringLiteral("Enter the information for this event"),
+               txtGroupName);
     lstSplitAge->setCurrentRow(0);
     ++m_orderNo;
-    txtGroupName->setFocus();
 }
 
 void frmWizard::List1_DblClick()
@@ -361,7 +376,7 @@ void frmWizard::List1_DblClick()
         return;
     try {
         Add_Category_Dance(conn(), Current_Competition_Id, m_newCode, item->data(Qt::UserRole).toInt(), List2->count());
-        List2->addItem(List1->takeItem(List1->row(item)));
+        Move_Dance(List1, List2, item);
     } catch (const AppError &) {
         Msg_Box(QStringLiteral("There was an internal error. Please close and try again"));
     }
@@ -374,7 +389,7 @@ void frmWizard::List2_DblClick()
         return;
     try {
         Remove_Category_Dance(conn(), Current_Competition_Id, m_newCode, item->data(Qt::UserRole).toInt());
-        List1->addItem(List2->takeItem(List2->row(item)));
+        Move_Dance(List2, List1, item);
     } catch (const AppError &) {
         Msg_Box(QStringLiteral("There was an internal error. Please close and try again"));
     }

@@ -25,7 +25,7 @@ private:
     void Build_Competition_Panel();
     void Build_Events_Panel();
     void Build_Dances_Panel();
-    void Show_Panel(QFrame *panel, const QString &main, const QString &info);
+    void Show_Panel(QFrame *panel, const QString &main, const QString &info, QWidget *focus);
     bool Box_Valid(QLineEdit *box);
     bool Required(QLineEdit *box, const QString &message);
     void Fill_LstDances();
