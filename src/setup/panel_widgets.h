@@ -3,6 +3,7 @@
 // the trophies wizard): tests and support tools find them by these names.
 #include <QFont>
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -57,6 +58,19 @@ inline QVBoxLayout *Captioned(const QString &caption, QWidget *list)
     box->addWidget(label);
     box->addWidget(list);
     return box;
+}
+
+// The screen's content in one column of a readable width, kept in the middle
+// of a maximised screen.
+inline QVBoxLayout *Column(QWidget *screen, int maxWidth)
+{
+    auto *column = new QWidget(screen);
+    column->setMaximumWidth(maxWidth);
+    auto *outer = new QHBoxLayout(screen);
+    outer->addStretch();
+    outer->addWidget(column, 1);
+    outer->addStretch();
+    return new QVBoxLayout(column);
 }
 
 // The heading over the pages: LblMain large and bold, LblInfo under it.

@@ -66,6 +66,7 @@ void TestTrophies::init()
 {
     m_env = new TestDataFolder;
     m_c.open();
+    Transaction t(m_c);
     Current_Competition_Id = Fixture::Competition(m_c);
     Current_Competition_Name = "Test Games";
     Current_Competition_Date = "01/07/2026";

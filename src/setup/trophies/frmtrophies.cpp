@@ -11,11 +11,12 @@
 #include "reports/report_output.h"
 
 #include <QKeyEvent>
+#include <QTimer>
 
 frmtrophies::frmtrophies(QWidget *parent) : Screen(QStringLiteral("frmtrophies"), QStringLiteral("Overall Trophies"), parent)
 {
     List1 = Panel::List(this, "List1", QStringLiteral("Click a trophy to show its table"));
-    auto *l = new QVBoxLayout(this);
+    auto *l = Panel::Column(this, 700);
     auto *hint = new QLabel(QStringLiteral("Click a trophy (or press Enter on it) to show the ten best dancers. "
                                            "Trophies are made and changed in Admin, Trophy Wizard."));
     hint->setWordWrap(true);
@@ -29,6 +30,9 @@ frmtrophies::frmtrophies(QWidget *parent) : Screen(QStringLiteral("frmtrophies")
         }
     }
     List1->installEventFilter(this);
+    List1->setCurrentRow(0);
+    // The main window's frame takes the focus as it shows the screen.
+    QTimer::singleShot(0, List1, [this] { List1->setFocus(); });
     connect(List1, &QListWidget::itemClicked, this, &frmtrophies::List1_Click);
 }
 

@@ -9,38 +9,44 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QTimer>
 
 using namespace Panel;
 
 frmwizardtrophies::frmwizardtrophies(QWidget *parent)
     : Screen(QStringLiteral("frmwizardtrophies"), QStringLiteral("Trophies Wizard"), parent)
 {
-    auto *top = new QVBoxLayout(this);
+    auto *top = Column(this, 1000);
     top->addWidget(Heading(this, LblMain, LblInfo));
     Build_First_Page();
     top->addWidget(frmnew, 1);
     m_details[0] = {Trophy_Page::Groups, nullptr, nullptr, nullptr, QStringLiteral("Age Groups"),
                     QStringLiteral("Select the age groups you wish to include in this trophy"),
-                    QStringLiteral("Do you wish remove all selected age groups from this trophy?")};
+                    QStringLiteral("Do you wish remove all selected age groups from this trophy?"),
+                    QStringLiteral("Points of the included age groups count towards the trophy.")};
     m_details[1] = {Trophy_Page::Dances, nullptr, nullptr, nullptr, QStringLiteral("Dances"),
                     QStringLiteral("Select the dances you wish to include in this trophy"),
-                    QStringLiteral("Do you wish remove all selected dances from this trophy?")};
+                    QStringLiteral("Do you wish remove all selected dances from this trophy?"),
+                    QStringLiteral("The dances of the included age groups are offered; only the included dances "
+                                   "count.")};
     m_details[2] = {Trophy_Page::Fields, nullptr, nullptr, nullptr, QStringLiteral("Custom Values"),
                     QStringLiteral("Select the custom values you wish to include in this trophy"),
-                    QStringLiteral("Do you wish remove all selected custom values from this trophy?")};
+                    QStringLiteral("Do you wish remove all selected custom values from this trophy?"),
+                    QStringLiteral("The values come from the dancers' Field1 to Field4. With values included only "
+                                   "the dancers who have one of them count; with none, every dancer counts.")};
     top->addWidget(Build_Detail(m_details[0], "frmgroups", "lstgroups", "lstincgroups", "CmdAdd1", "CmdDel1",
                                 "CmdReset", "cmdprev0", "CmdNext1", QStringLiteral("&Next >"),
-                                QStringLiteral("&Add Group >"), QStringLiteral("< &Remove Group"),
+                                QStringLiteral("A&dd Group >"), QStringLiteral("< Re&move Group"),
                                 QStringLiteral("Age Groups")),
                    1);
     top->addWidget(Build_Detail(m_details[1], "frmdances", "lstdances", "lstincdances", "cmdadd2", "cmddel2",
                                 "cmdreset2", "cmdprev", "cmdnext2", QStringLiteral("&Next >"),
-                                QStringLiteral("&Add Dance >"), QStringLiteral("< &Remove Dance"),
+                                QStringLiteral("A&dd Dance >"), QStringLiteral("< Re&move Dance"),
                                 QStringLiteral("Dances")),
                    1);
     top->addWidget(Build_Detail(m_details[2], "frmcustom", "lstcustom", "lstinccustom", "cmdadd3", "cmddel3",
-                                "cmdreset3", "cmdprev3", "cmdnext3", QStringLiteral("&Finish"),
-                                QStringLiteral("&Add Value >"), QStringLiteral("< &Remove Value"),
+                                "cmdreset3", "cmdprev3", "cmdnext3", QStringLiteral("F&inish"),
+                                QStringLiteral("A&dd Value >"), QStringLiteral("< Re&move Value"),
                                 QStringLiteral("Custom Values")),
                    1);
     resize(760, 560);
@@ -48,6 +54,8 @@ frmwizardtrophies::frmwizardtrophies(QWidget *parent)
         Read_Trophies(-1);
     Show_Page(frmnew, QStringLiteral("Overall Trophies"),
               QStringLiteral("Select the overall trophy or click Create New to create one."));
+    // The main window's frame takes the focus as it shows the screen.
+    QTimer::singleShot(0, lstselect, [this] { lstselect->setFocus(); });
 }
 
 frmwizardtrophies::~frmwizardtrophies() = default;
@@ -60,8 +68,8 @@ void frmwizardtrophies::Build_First_Page()
     txtname->setReadOnly(true);
     txtname->setPlaceholderText(QStringLiteral("Click Create New to name a new trophy"));
     cmdcreate = Button(frmnew, "cmdcreate", QStringLiteral("&Create New"));
-    cmdnext0 = Button(frmnew, "cmdnext0", QStringLiteral("&Next >"));
     cmddelete0 = Button(frmnew, "cmddelete0", QStringLiteral("&Delete"));
+    cmdnext0 = Button(frmnew, "cmdnext0", QStringLiteral("&Next >"));
 
     auto *right = new QVBoxLayout;
     auto *nameLabel = new QLabel(QStringLiteral("Trophy Name"));
@@ -93,7 +101,7 @@ QFrame *frmwizardtrophies::Build_Detail(Detail &d, const char *frame, const char
     d.included = List(d.frame, included);
     auto *addButton = Button(d.frame, add, addCaption);
     auto *delButton = Button(d.frame, del, delCaption);
-    auto *resetButton = Button(d.frame, reset, QStringLiteral("< R&eset >"));
+    auto *resetButton = Button(d.frame, reset, QStringLiteral("< Re&set >"));
     resetButton->setToolTip(QStringLiteral("Remove everything from the included list"));
     auto *prevButton = Button(d.frame, prev, QStringLiteral("< &Previous"));
     auto *nextButton = Button(d.frame, next, nextCaption);
@@ -112,7 +120,10 @@ QFrame *frmwizardtrophies::Build_Detail(Detail &d, const char *frame, const char
     moves->addStretch();
     moves->addWidget(prevButton);
     moves->addWidget(nextButton);
+    auto *hint = new QLabel(d.hint, d.frame);
+    hint->setWordWrap(true);
     auto *l = new QVBoxLayout(d.frame);
+    l->addWidget(hint);
     l->addLayout(lists, 1);
     l->addLayout(moves);
 

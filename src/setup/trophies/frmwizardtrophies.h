@@ -26,7 +26,7 @@ private:
         QFrame *frame = nullptr;
         QListWidget *available = nullptr;
         QListWidget *included = nullptr;
-        QString main, info, resetQuestion;
+        QString main, info, resetQuestion, hint;
     };
 
     void Build_First_Page();

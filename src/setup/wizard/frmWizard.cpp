@@ -51,17 +51,21 @@ void Move_Dance(QListWidget *from, QListWidget *to, QListWidgetItem *item)
 
 frmWizard::frmWizard(QWidget *parent) : Screen(QStringLiteral("frmWizard"), QStringLiteral("Competition Wizard"), parent)
 {
-    auto *top = new QVBoxLayout(this);
+    auto *top = Column(this, 820);
     top->addWidget(Heading(this, LblMain, LblInfo));
     Build_Competition_Panel();
     Build_Events_Panel();
     Build_Dances_Panel();
-    for (QFrame *panel : {FrmCompetition, FrmEvents, FrmDances})
-        top->addWidget(panel, 1);
+    top->addWidget(FrmCompetition);
+    top->addWidget(FrmEvents);
+    top->addWidget(FrmDances, 1);
+    top->addStretch();
     resize(760, 600);
     Open_Connection();
     Show_Panel(FrmCompetition, QStringLiteral("Competition Details"),
                QStringLiteral("Enter the information for this competition"), txtCompetitionName);
+    // The main window's frame takes the focus as it shows the screen.
+    QTimer::singleShot(0, txtCompetitionName, [this] { txtCompetitionName->setFocus(); });
 }
 
 frmWizard::~frmWizard() = default;
@@ -71,6 +75,7 @@ void frmWizard::Build_Competition_Panel()
     FrmCompetition = Frame(this, "FrmCompetition");
     txtCompetitionName = Box(FrmCompetition, "txtCompetitionName");
     txtCompetitionDate = Box(FrmCompetition, "txtCompetitionDate");
+    txtCompetitionDate->setPlaceholderText(QStringLiteral("as it is to be printed, e.g. 4 July 2026"));
     txtcompetitionorganiser = Box(FrmCompetition, "txtcompetitionorganiser");
     txtorganiserrole = Box(FrmCompetition, "txtorganiserrole");
     txtvenue = Box(FrmCompetition, "txtvenue");
@@ -90,7 +95,7 @@ void frmWizard::Build_Competition_Panel()
     auto *l = new QVBoxLayout(FrmCompetition);
     l->addLayout(form);
     l->addWidget(Note(QStringLiteral("* Only used in SOBHD Championship Report Form")));
-    l->addStretch();
+    l->addSpacing(12);
     l->addLayout(Buttons(CmdCompetitionNext, CmdCompetitionCancel));
 
     for (QLineEdit *box : {txtCompetitionName, txtCompetitionDate})
@@ -105,6 +110,9 @@ void frmWizard::Build_Events_Panel()
     txtGroupName = Box(FrmEvents, "txtGroupName");
     txtGroupCode = Box(FrmEvents, "txtGroupCode");
     lstDances = List(FrmEvents, "lstDances");
+    lstDances->setFixedHeight(lstDances->fontMetrics().height() * 9 + 2 * lstDances->frameWidth());
+    lblMade = Named(new QLabel(FrmEvents), "lblMade");
+    lblMade->setWordWrap(true);
     lstSplitAge = List(FrmEvents, "lstSplitAge");
     lstSplitAge->addItems({QStringLiteral("No"), QStringLiteral("Yes!")});
     txtchampionshiptitle = Box(FrmEvents, "txtchampionshiptitle");
@@ -124,8 +132,12 @@ void frmWizard::Build_Events_Panel()
                  lstSplitAge);
     form->addRow(QStringLiteral("Championship Title"), txtchampionshiptitle);
     form->addRow(QStringLiteral("Open or Closed"), lstopen);
+    form->addRow(QString(), Note(QStringLiteral("The title and Open or Closed are used only by a Championship or "
+                                                "Premiership event.")));
     auto *l = new QVBoxLayout(FrmEvents);
-    l->addLayout(form, 1);
+    l->addWidget(lblMade);
+    l->addLayout(form);
+    l->addSpacing(12);
     l->addLayout(Buttons(CmdGroupNext, CmdGroupCancel));
 
     for (QLineEdit *box : {txtGroupName, txtGroupCode})
@@ -146,9 +158,9 @@ void frmWizard::Build_Dances_Panel()
     auto *lists = new QHBoxLayout;
     lists->addLayout(Captioned(QStringLiteral("Available Dances"), List1));
     lists->addLayout(Captioned(QStringLiteral("Selected Dances"), List2));
+    lblDanceNote = Named(Note(QString()), "lblDanceNote");
     auto *l = new QVBoxLayout(FrmDances);
-    l->addWidget(Note(QStringLiteral("Double click a dance (or press Enter on it) to move it to the other list. The "
-                                     "selected dances are danced in the order they are listed.")));
+    l->addWidget(lblDanceNote);
     l->addLayout(lists, 1);
     l->addLayout(Buttons(cmdDancesNext, cmdDancesCancel));
 
@@ -326,6 +338,7 @@ void frmWizard::Make_Event_From_List()
     e.type = lstopen->currentItem() && lstopen->isEnabled() ? lstopen->currentItem()->text().left(1) : QString();
     e.order = m_orderNo;
     Insert_Wizard_Event(conn(), Current_Competition_Id, e);
+    Note_Made(e, lstDances->currentItem()->text());
     if (More_Groups())
         Next_Group();
 }
@@ -338,6 +351,10 @@ void frmWizard::Make_Event_With_New_Category()
     e.split = lstSplitAge->currentItem() ? lstSplitAge->currentItem()->text().left(1) : QStringLiteral("N");
     e.order = m_orderNo;
     m_newCode = Insert_Other_Event(conn(), Current_Competition_Id, e);
+    Note_Made(e, QStringLiteral("its own dances"));
+    lblDanceNote->setText(QStringLiteral("Choose the dances of \"") + e.name
+                          + QStringLiteral("\": double click a dance (or press Enter on it) to move it to the other "
+                                           "list. The selected dances are danced in the order they are listed."));
     List1->clear();
     List2->clear();
     for (const Dance_Item &d : Read_Available_Dances(conn(), Current_Competition_Id, m_newCode)) {
@@ -346,6 +363,14 @@ void frmWizard::Make_Event_With_New_Category()
     }
     List1->setCurrentRow(0);
     Show_Panel(FrmDances, QStringLiteral("Dance Details"), QStringLiteral("Select dances for this event"), List1);
+}
+
+// The events made so far stand over the event panel.
+void frmWizard::Note_Made(const Wizard_Event &e, const QString &dances)
+{
+    m_made << e.name + QStringLiteral(" (code ") + e.code.toUpper() + QStringLiteral(", ") + dances
+                  + QLatin1Char(')');
+    lblMade->setText(QStringLiteral("Events made so far: ") + m_made.join(QStringLiteral("; ")));
 }
 
 // On No the wizard is done and closes.

@@ -8,6 +8,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+struct Wizard_Event;
 
 // Walks a new organiser through a competition and its events in one pass,
 // writing at each step, and leaves the competition current.
@@ -40,11 +41,13 @@ private:
     void List2_DblClick();
     void Cancel_Click();
     QString Take_Group_Code();
+    void Note_Made(const Wizard_Event &e, const QString &dances);
 
     QStringList m_codes;     // category codes by position in lstDances
     int m_eventNo = 0;       // the code of the next event left blank
     int m_orderNo = 0;       // orderby of the next event
     QString m_newCode;       // the category made for an "Other" event
+    QStringList m_made;      // the events made, as lblMade shows them
     bool m_checking = false; // a leaving check is due
     int m_moves = 0;         // Next and Cancel presses so far
 
@@ -61,6 +64,7 @@ private:
     QPushButton *CmdCompetitionNext = nullptr;
     QPushButton *CmdCompetitionCancel = nullptr;
     QFrame *FrmEvents = nullptr;
+    QLabel *lblMade = nullptr;
     QLineEdit *txtGroupName = nullptr;
     QLineEdit *txtGroupCode = nullptr;
     QListWidget *lstDances = nullptr;
@@ -70,6 +74,7 @@ private:
     QPushButton *CmdGroupNext = nullptr;
     QPushButton *CmdGroupCancel = nullptr;
     QFrame *FrmDances = nullptr;
+    QLabel *lblDanceNote = nullptr;
     QListWidget *List1 = nullptr;
     QListWidget *List2 = nullptr;
     QPushButton *cmdDancesNext = nullptr;
