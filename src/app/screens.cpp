@@ -17,6 +17,9 @@
 #include "setup/frmJudges.h"
 #include "setup/frmdances.h"
 #include "setup/frmgroups.h"
+#include "setup/wizard/frmWizard.h"
+#include "setup/trophies/frmwizardtrophies.h"
+#include "setup/trophies/frmtrophies.h"
 #include "settings/frmconfig.h"
 #include "ui/frmMain.h"
 
@@ -43,4 +46,7 @@ void Register_All_Screens()
     frmMain::Register_Screen("mnuteachers", []() -> QWidget * { Show_Teachers_Report(); return nullptr; });
     frmMain::Register_Screen("mnuonlinereg", [] { return new frmonlinereg; });
     frmMain::Register_Screen("mnusettings", [] { return new frmconfig; });
+    frmMain::Register_Screen("mnuCompetitionWizard", [] { return new frmWizard; });
+    frmMain::Register_Screen("mnutrophy", [] { return new frmwizardtrophies; });
+    frmMain::Register_Screen("mnuoverall", [] { return new frmtrophies; });
 }

@@ -1,20 +1,9 @@
 #include "teachers_report.h"
 #include "report.h"
 #include "report_output.h"
+#include "top_cut.h"
 #include "core/db.h"
 #include "core/globals.h"
-
-#include <cmath>
-
-namespace {
-
-QString Points_Text(const QVariant &v)
-{
-    const double d = v.toDouble();
-    return d == std::floor(d) ? QString::number(static_cast<qint64>(d)) : QString::number(d);
-}
-
-} // namespace
 
 QList<QPair<QString, QString>> Teachers_Top_10(Connection &conn, short comp)
 {
@@ -27,17 +16,13 @@ QList<QPair<QString, QString>> Teachers_Top_10(Connection &conn, short comp)
         + id + QStringLiteral(" AND o.competition_id = ") + id
         + QStringLiteral(" AND c.teacher is not null AND o.points > 0 AND b.group_id IS NULL AND b.dance_id IS NULL "
                          "AND b.competition_id IS NULL GROUP BY c.teacher ORDER BY 1 DESC"));
+    QList<double> points;
+    for (; !rs.eof(); rs.next())
+        points << rs.toDouble(QStringLiteral("tot_points"));
     QList<QPair<QString, QString>> out;
-    double tenth = 0;
-    for (; !rs.eof(); rs.next()) {
-        const double points = rs.toDouble(QStringLiteral("tot_points"));
-        // The first ten, then only those level with the tenth.
-        if (out.size() >= 10 && points != tenth)
-            break;
-        if (out.size() == 9)
-            tenth = points;
-        out.append({rs.text(QStringLiteral("teacher")), Points_Text(rs.value(QStringLiteral("tot_points")))});
-    }
+    rs.moveFirst();
+    for (int i = Top_Count(points, 10); i > 0; --i, rs.next())
+        out.append({rs.text(QStringLiteral("teacher")), Total_Text(rs.value(QStringLiteral("tot_points")))});
     return out;
 }
 

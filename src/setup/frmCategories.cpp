@@ -1,5 +1,6 @@
 #include "frmCategories.h"
 
+#include "core/contacts.h"
 #include "core/dialogs.h"
 #include "core/globals.h"
 
@@ -13,7 +14,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-const QString frmCategories::Support_Address = QStringLiteral("support@strathmark.org");
+const QString frmCategories::Support_Address = QLatin1String(Contacts::Support_Email);
 
 namespace {
 
