@@ -2,7 +2,6 @@
 // both through the mark screens with check mode on, then this computer
 // checks the other's file, as each operator would.
 #include "core/globals.h"
-#include "crosscheck/FrmCreateCompare.h"
 #include "reports/pdf_text.h"
 #include "settings/frmconfig.h"
 #include "support/fixtures.h"
@@ -15,7 +14,6 @@
 #include <QPushButton>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <memory>
 
 namespace {
 const QString Marks = "80\n75\n70\n65\n", Event[] = {"Juvenile 10-12", "Adult Scottish Championship"};
@@ -29,7 +27,8 @@ std::unique_ptr<GridScreen> Type_Event(bool champ, const QString &keys)
     Fixture::Event(conn, Current_Competition_Id, "C", "Adult", "C");
     conn.execute("UPDATE age_groups SET championship_title = 'Scottish Championship' WHERE category = 'C'");
     for (int n = 101; n <= 105; ++n)
-        Fixture::Competitor(conn, Current_Competition_Id, n, "Ann", "O'Neill", n < 105 ? QStringList{"J", "C"} : QStringList{"J"});
+        Fixture::Competitor(conn, Current_Competition_Id, n, "Ann", "O'Neill",
+                            n < 105 ? QStringList{"J", "C"} : QStringList{"J"});   // 105 dances in one event only
     std::unique_ptr<GridScreen> s(champ ? static_cast<GridScreen *>(new ThreeJudgeScreen(Championship_Kind()))
                                         : new FrmTallyComp);
     // One mark a step: the mark screen moves its cursor after the key is read.
@@ -42,8 +41,7 @@ std::unique_ptr<GridScreen> Type_Event(bool champ, const QString &keys)
 QString Pdf_Of(QPrintPreviewDialog *preview, const QString &path)
 {
     QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(path);
+    printer.setOutputFileName(path);   // a ".pdf" name makes it a PDF printer
     emit preview->paintRequested(&printer);
     return Pdf_Pages(path).join('\n');
 }
@@ -55,7 +53,6 @@ class TestTwoComputers : public QObject
 private slots:
     void check_data();
     void check();
-    void folder_chosen_when_missing();
 };
 
 void TestTwoComputers::check_data()
@@ -63,23 +60,22 @@ void TestTwoComputers::check_data()
     QTest::addColumn<bool>("champ");
     QTest::addColumn<QString>("here");    // keys typed into the marks on this computer
     QTest::addColumn<QString>("there");   // and on the other
-    QTest::addColumn<QString>("file");    // the other's file: "-" deleted, "a>b" changed
+    QTest::addColumn<QString>("file");    // the other's file: "-" deleted, "a>b" changed ("\t>\t" kept)
     QTest::addColumn<QString>("box");     // title and text of the last box
     QTest::addColumn<QString>("shown");   // the sheet's text in order, or the two checker boxes
     const QString match = "Confirmation: !!! Results Match !!!", none = "Strathmark 2017: The directory selected has "
                           "no compare files for this group!", error = "ERROR: !!! NO MATCH !!!";
-    const QString champ = Marks + Marks + Marks, side = "Computer\nDance: Fling\nJudge: %1\nNo: %2\nPlace: %3\n";
-    QTest::newRow("comp equal") << false << Marks << Marks << "" << match << "";
-    QTest::newRow("comp one mark") << false << Marks << "80\n75\n60\n65\n" << "" << ""
-                                   << "Dance Results|Fling 103 3 Fling 104 3|Judges Results";
-    QTest::newRow("comp extra line") << false << Marks << Marks + "50\n" << "" << "" << "Fling 105 5|Judges Results";
-    QTest::newRow("comp no file") << false << Marks << Marks << "-" << none << "";
-    QTest::newRow("comp both empty") << false << "" << "" << "" << match << "";
-    QTest::newRow("champ equal") << true << champ << champ << "" << match << "|";
-    QTest::newRow("champ one mark") << true << champ << Marks + "80\n75\n60\n65\n" + Marks << "" << error
+    const QString keep = "\t>\t", one = "80\n75\n60\n65\n", swap = "75\n80\n70\n65\n", champ = Marks + Marks + Marks;
+    const QString side = "Computer\nDance: Fling\nJudge: %1\nNo: %2\nPlace: %3\n";
+    QTest::newRow("comp equal") << false << Marks << Marks << keep << match << "";
+    QTest::newRow("comp one mark") << false << Marks << one << keep << "" << "Dance Results|Fling 103 3 Fling 104 3|Judges";
+    QTest::newRow("comp extra line") << false << Marks << Marks + "50\n" << keep << "" << "Fling 105 5|Judges Results";
+    QTest::newRow("comp both empty") << false << "" << "" << keep << match << "";
+    QTest::newRow("champ equal") << true << champ << champ << keep << match << "|";
+    QTest::newRow("champ one mark") << true << champ << Marks + one + Marks << keep << error
                                     << "This " + side.arg("2", "103", "3") + "|Remote " + side.arg("2", "104", "3");
-    QTest::newRow("champ judge order") << true << Marks + "75\n80\n70\n65\n" + Marks << "75\n80\n70\n65\n" + champ
-                                       << "" << error << "This " + side.arg("1", "101", "1") + "|Remote " + side.arg("1", "102", "1");
+    QTest::newRow("champ judge order") << true << Marks + swap + Marks << swap + champ << keep << error
+                                       << "This " + side.arg("1", "101", "1") + "|Remote " + side.arg("1", "102", "1");
     QTest::newRow("champ tie mark") << true << champ << champ << "\t1  \t>\t1 =\t" << error
                                     << "This Computer\nDance: Judge: No: Place: |Remote Computer\nDance: Judge: No: Place: ";
     QTest::newRow("champ no file") << true << champ << champ << "-" << none << "Before 1|Before 2";
@@ -94,20 +90,14 @@ void TestTwoComputers::check()
     QFETCH(QString, box);
     QFETCH(QString, shown);
     TestDataFolder other, self;
-    Data_Dir = other.path();
-    Opt_Check_Mode = 1;
+    Data_Dir = other.path(), Opt_Check_Mode = 1;
     Type_Event(champ, there);
-    const QString remote = other.file("Compare/" + Event[champ] + ".cmp");
-    QFile f(remote);
-    QVERIFY(f.exists() && f.open(QIODevice::ReadWrite) && (f.size() > 0) == !there.isEmpty());
-    QByteArray bytes = f.readAll();
-    if (file.contains('>'))
-        bytes.replace(file.section('>', 0, 0).toLatin1(), file.section('>', 1).toLatin1());
+    QFile f(other.file("Compare/" + Event[champ] + ".cmp"));
+    QVERIFY(f.exists() && f.open(QIODevice::ReadWrite | QIODevice::Unbuffered) && (f.size() > 0) == !there.isEmpty());
+    const QByteArray bytes = f.readAll().replace(file.section('>', 0, 0).toLatin1(), file.section('>', 1).toLatin1());
     QVERIFY(file == "-" ? f.remove() : f.resize(0) && f.write(bytes) == bytes.size());
-    f.close();
 
-    Data_Dir = self.path();
-    Opt_Check_Dir = other.path() + "compare";   // the folder is "Compare" on disk
+    Data_Dir = self.path(), Opt_Check_Dir = other.path() + "compare";   // the folder is "Compare" on disk
     Check_Text_1 = "Before 1", Check_Text_2 = "Before 2";
     auto s = Type_Event(champ, here);
     Dialogs::clearRecords();
@@ -119,31 +109,9 @@ void TestTwoComputers::check()
         QCOMPARE(s->findChild<QPlainTextEdit *>("txt_checker1")->toPlainText() + "|"
                      + s->findChild<QPlainTextEdit *>("txt_checker2")->toPlainText(), shown);
     else if (preview)
-        QVERIFY2(In_Order(Pdf_Of(preview, self.file("check.pdf")), shown.split('|')), qPrintable(Pdf_Of(preview, self.file("check.pdf"))));
-    if (const QString shots = qEnvironmentVariable("CROSSCHECK_SHOTS"); preview && !shots.isEmpty()) {
-        preview->grab().save(shots + "/DataReport7.png");
-        frmconfig settings;
-        settings.show();
-        settings.grab().save(shots + "/frmconfig.png");
-    }
-}
-
-void TestTwoComputers::folder_chosen_when_missing()
-{
-    TestDataFolder env;
-    auto s = Type_Event(false, Marks);
-    QString box = env.file("gone");
-    Dialogs::clearRecords();
-    FrmCreateCompare form(box, Event[0]);
-    QCOMPARE(Dialogs::texts(), QStringList{"Please select a valid directory!"});
-    QVERIFY(!form.Unloaded());
-    Dialogs::queueText(env.path());
-    QTest::mouseClick(form.CmdBrowse, Qt::LeftButton);
-    QTest::mouseClick(form.CmdSave, Qt::LeftButton);
-    QVERIFY(form.Unloaded() && box == env.path() && Last_Compare_Dir == env.path());
-    QFile written(env.file(Event[0] + ".cmp"));
-    QVERIFY(written.open(QIODevice::ReadOnly));
-    QCOMPARE(written.readAll(), QByteArray("1\t101\t1\t1\r\n1\t102\t2\t1\r\n1\t103\t3\t1\r\n1\t104\t4\t1\r\n"));
+        QVERIFY(In_Order(Pdf_Of(preview, self.file("check.pdf")), shown.split('|')));
+    if (const QString shots = qEnvironmentVariable("CROSSCHECK_SHOTS"); preview && !shots.isEmpty())
+        preview->grab().save(shots + "/DataReport7.png"), frmconfig(s.get()).grab().save(shots + "/frmconfig.png");
 }
 
 QTEST_MAIN(TestTwoComputers)
