@@ -23,6 +23,8 @@ inline short Opt_Check_Mode = 0;
 inline QString Opt_Check_Dir;
 inline bool Opt_Locale = true;                // NULL in the file reads as set
 inline QString Last_Compare_Dir;
+inline QString Check_Text_1;                  // this computer's side of a failed check
+inline QString Check_Text_2;                  // the remote side
 
 // The database password; never written to any log.
 inline const char *const DB_PASSWORD_CONSTANT = "r33lm4st3r";

@@ -7,6 +7,7 @@
 #include "core/globals.h"
 #include "core/routines.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace {
@@ -60,19 +61,33 @@ QStringList Compare_Lines(Connection &conn, short type)
     return lines;
 }
 
-void Write_Compare_File(Connection &conn, short type, const QString &eventName)
+void Write_Compare_File_To(Connection &conn, short type, const QString &folder, const QString &eventName)
 {
     const QStringList lines = Compare_Lines(conn, type);
     QString text;
     for (const QString &line : lines)
         text += line + QStringLiteral("\r\n");
-    const QString path = Data_Sub_Dir(QStringLiteral("Compare")) + eventName + QStringLiteral(".cmp");
+    // The name goes in as the event list shows it: a "/" in it is a fault.
+    const QString path = QDir(folder).path() + QLatin1Char('/') + eventName + QStringLiteral(".cmp");
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         throw AppError(QStringLiteral("Path/File access error: ") + path);
     const QByteArray bytes = To_1252(text);
     if (file.write(bytes) != bytes.size())
         throw AppError(QStringLiteral("Device I/O error: ") + path);
+}
+
+void Write_Compare_File(Connection &conn, short type, const QString &eventName)
+{
+    Write_Compare_File_To(conn, type, Data_Sub_Dir(QStringLiteral("Compare")), eventName);
+}
+
+bool Write_Compare_File_If_Checking(Connection &conn, short type, const QString &eventName)
+{
+    if (Opt_Check_Mode != 1)
+        return false;
+    Write_Compare_File(conn, type, eventName);
+    return true;
 }
 
 void Write_Compare_File(short type, const QString &eventName)

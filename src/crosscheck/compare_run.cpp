@@ -48,7 +48,7 @@ QString Find_In_Folder(const QString &folder, const QString &name)
         return direct.filePath();
     QDir dir(folder);
     if (!dir.exists()) {
-        QFileInfo fi(folder);
+        QFileInfo fi(QDir::cleanPath(folder));   // a trailing "/" would leave no name
         QDir parent = fi.dir();
         const QStringList entries = parent.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         for (const QString &e : entries)

@@ -74,6 +74,7 @@ public:
     QStringList Event_Categories;
     std::array<short, 13> Dance_Ids{};          // by button; 1 to 12
     int No_Of_Dances = 0;
+    QString txtfile;                            // the folder the Create Results File screen writes to
 
     // --- Routines -------------------------------------------------------------------
     void Enable_Buttons();

@@ -4,13 +4,16 @@
 #include "FrmTallyComp.h"
 #include "mark_rules.h"
 #include "mark_values.h"
+#include "crosscheck/FrmCreateCompare.h"
+#include "crosscheck/check_run.h"
+#include "crosscheck/compare_file.h"
+#include "core/database_file.h"
 #include "core/dialogs.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "ui/grid/flex_grid.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -75,8 +78,7 @@ bool FrmTallyComp::Save_Step(bool askAlways, bool withCompare)
 
 void FrmTallyComp::Write_Compare_File_If_Checking()
 {
-    // With check mode on, the compare file for the second computer is
-    // written here by the cross-check work.
+    ::Write_Compare_File_If_Checking(conn(), 1, Event_Name);
 }
 
 void FrmTallyComp::CmdTally_Click()
@@ -110,18 +112,32 @@ void FrmTallyComp::Run_Report_Button(void (FrmTallyComp::*report)())
 // The four report buttons are in FrmTallyComp_reports.cpp.
 void FrmTallyComp::CmdCheck_Click()
 {
-    Run_Report_Button(nullptr);
+    if (!Editor_Accepts())
+        return;
+    try {
+        if (Save_Step(false, true))
+            Run_Check(conn(), Event_Name, QStringLiteral("Comp"), window());
+    } catch (const AppError &) {
+        Msg_Box(Button_Failure, vbExclamation, Validation_Error);
+    }
 }
 
 void FrmTallyComp::CmdPrepare_Click()
 {
-    // Only asks: no auto-save here, and no compare file: the compare screen
-    // writes it into the folder made ready here.
+    // Only asks: no auto-save here, and no compare file: the Create Results
+    // File screen writes it into the folder made ready here.
     if (!Editor_Accepts())
         return;
     try {
-        if (Save_Step(true, false))
-            QDir().mkpath(Data_Dir + QStringLiteral("Compare"));
+        if (!Save_Step(true, false))
+            return;
+        QString compare = Data_Sub_Dir(QStringLiteral("Compare"));
+        compare.chop(1);
+        if (!Last_Compare_Dir.isEmpty())
+            txtfile = Last_Compare_Dir;
+        else if (txtfile.isEmpty())
+            txtfile = compare;
+        FrmCreateCompare::Open_Modal(txtfile, Event_Name, window());
     } catch (const AppError &) {
         Msg_Box(Button_Failure, vbExclamation, Validation_Error);
     }

@@ -15,6 +15,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
@@ -233,7 +234,7 @@ void ThreeJudgeScreen::lst_filter_Click()
 
 // --- Saving ---------------------------------------------------------------------------
 
-bool ThreeJudgeScreen::Check_Unsaved()
+bool ThreeJudgeScreen::Check_Unsaved(bool withCompare)
 {
     if (!Unsaved_Marks())
         return true;
@@ -244,7 +245,7 @@ bool ThreeJudgeScreen::Check_Unsaved()
         return true;
     if (!Save_And_Tally())
         return false;
-    if (Opt_Check_Mode == 1)
+    if (withCompare)
         Write_Compare_After_Save();
     return true;
 }
@@ -285,18 +286,12 @@ bool ThreeJudgeScreen::Read_Values_From_Grid()
     return true;
 }
 
-void ThreeJudgeScreen::Write_Compare_After_Save()
-{
-    // The compare file of the event (judges' placings, with the event's name)
-    // is the cross-check's to write.
-}
-
 void ThreeJudgeScreen::Cmd_Tally_Click()
 {
+    // The compare file follows whether the save succeeded or not.
     Save_And_Tally();
     Set_Dirty(false);
-    if (Opt_Check_Mode == 1)
-        Write_Compare_After_Save();
+    Write_Compare_After_Save();
 }
 
 bool ThreeJudgeScreen::Query_Unload()
@@ -334,9 +329,4 @@ void ThreeJudgeScreen::Report_Button_Click(QPushButton *button)
     Show_Sheet(button);
 }
 
-void ThreeJudgeScreen::CmdCheck_Click()
-{
-    if (!Check_Unsaved())
-        return;
-    // The comparison with the other computer is the cross-check's to run.
-}
+// Create File and Check Results are in three_judge_check.cpp.

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
@@ -247,12 +248,14 @@ QWidget *ThreeJudgeScreen::Build_Right()
 
     QGroupBox *checker = Frame(QStringLiteral("Frame10"), QStringLiteral("Result Checker"));
     auto *c = new QVBoxLayout(checker);
-    txt_checker1 = new QLineEdit;
+    txt_checker1 = new QPlainTextEdit;
     txt_checker1->setObjectName(QStringLiteral("txt_checker1"));
-    txt_checker2 = new QLineEdit;
+    txt_checker2 = new QPlainTextEdit;
     txt_checker2->setObjectName(QStringLiteral("txt_checker2"));
-    for (QLineEdit *t : {txt_checker1, txt_checker2}) {
+    // One labelled line per value: dance, judge, number, place.
+    for (QPlainTextEdit *t : {txt_checker1, txt_checker2}) {
         t->setReadOnly(true);
+        t->setFixedHeight(t->fontMetrics().lineSpacing() * 6 + 10);
         c->addWidget(t);
     }
     v->addWidget(checker);
@@ -316,6 +319,7 @@ void ThreeJudgeScreen::Connect_Controls()
     connect(lst_filter, &QListWidget::itemSelectionChanged, this, &ThreeJudgeScreen::lst_filter_Click);
     connect(Cmd_Tally, &QPushButton::clicked, this, &ThreeJudgeScreen::Cmd_Tally_Click);
     connect(CmdRand, &QPushButton::clicked, this, &ThreeJudgeScreen::CmdRand_Click);
+    connect(CmdPrepare, &QPushButton::clicked, this, &ThreeJudgeScreen::CmdPrepare_Click);
     connect(CmdCheck, &QPushButton::clicked, this, &ThreeJudgeScreen::CmdCheck_Click);
     for (QPushButton *b : {CmdHR, CmdPRHR, CmdJR, CmdPRJR, cmdCallback, cmdPRCallback, Cmd_Top_10, Cmd_Top_10_Print,
                            CmdSOBHD, cmdprSOBHD})

@@ -14,6 +14,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
 
@@ -48,8 +49,8 @@ public:
     QPushButton *CmdRand = nullptr;
     QPushButton *CmdPrepare = nullptr;
     QPushButton *CmdCheck = nullptr;
-    QLineEdit *txt_checker1 = nullptr;
-    QLineEdit *txt_checker2 = nullptr;
+    QPlainTextEdit *txt_checker1 = nullptr;
+    QPlainTextEdit *txt_checker2 = nullptr;
     QPushButton *CmdHR = nullptr, *CmdPRHR = nullptr;
     QPushButton *CmdJR = nullptr, *CmdPRJR = nullptr;
     QPushButton *cmdCallback = nullptr, *cmdPRCallback = nullptr;
@@ -83,13 +84,15 @@ public:
     // Fills the button's sheet for the selected event and shows or prints it.
     void Show_Sheet(QPushButton *button);
     ThreeJudge::Sheet_Event Sheet_Event() const;
+    void CmdPrepare_Click();
     void CmdCheck_Click();
     void Show_Dance_Name_Editor();
     void Save_Dance_Names();
     void Reset_Dance_Names();
 
     // Asks or saves as the operator's settings say; false when a save failed.
-    bool Check_Unsaved();
+    // With check mode on a good save writes the compare file (withCompare).
+    bool Check_Unsaved(bool withCompare = true);
     bool Save_And_Tally();
     void Toggle_Quick_Find();
     void Add_Row() override {}
@@ -145,6 +148,7 @@ private:
     void Quick_Find_Enter();
 
     bool Ask_And_Save();
+    // The compare file of the event when check mode is on.
     void Write_Compare_After_Save();
     int Filter_Value() const;
     ThreeJudge::Mark_Rules &Marks();
