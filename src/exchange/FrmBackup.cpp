@@ -4,6 +4,7 @@
 #include "core/contacts.h"
 #include "core/database_file.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "core/routines.h"
@@ -105,10 +106,11 @@ void FrmBackup::CmdBackup_Click()
     ProgressBar1->setValue(1);
     Label_progress->show();
     ProgressBar1->show();
+    Doing doing(QStringLiteral("Exporting ") + Current_Competition_Name + QStringLiteral(" to ") + path);
     try {
         Write_Export_File(conn(), Current_Competition_Id, path, [this](int v) { ProgressBar1->setValue(v); });
     } catch (const AppError &e) {
-        Msg_Box(QStringLiteral("The export stopped: ") + e.message() + QStringLiteral("\nThe file ") + path
+        Msg_Box(Fault_Text(e.message()) + QStringLiteral("\nThe export stopped: the file ") + path
                     + QStringLiteral(" is incomplete. If this goes on, write to ") + QLatin1String(Contacts::Support_Email),
                 vbCritical, QStringLiteral("Export Error"));
     }

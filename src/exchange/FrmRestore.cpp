@@ -3,6 +3,7 @@
 
 #include "core/contacts.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/globals.h"
 #include "core/routines.h"
 
@@ -98,14 +99,14 @@ void FrmRestore::CmdRestore_Click()
         ProgressBar1->setValue(0);
     };
     hooks.step = [this](int value) { ProgressBar1->setValue(value); };
+    Doing doing(QStringLiteral("Importing ") + path);
     const Import_Result r = Import_File(conn(), path, hooks);
     setEnabled(true);
     Label_progress->hide();
     ProgressBar1->hide();
     if (r.status == Import_Result::Fault)
-        Msg_Box(QStringLiteral("The import stopped at line ") + QString::number(r.line) + QStringLiteral(" of ") + path
-                    + QStringLiteral(":\n") + r.message
-                    + QStringLiteral("\nThe lines before it have been imported. If the file came from another "
+        Msg_Box(Fault_Text((r.line > 0 ? QStringLiteral("line %1: ").arg(r.line) : QString()) + r.message)
+                    + QStringLiteral("\nThe import stopped there: the lines before it have been imported. If the file came from another "
                                      "installation, send it to ")
                     + QLatin1String(Contacts::Support_Email),
                 vbCritical, QStringLiteral("Import Error"));

@@ -3,6 +3,7 @@
 #include "core/dialogs.h"
 #include "core/errors.h"
 #include "core/globals.h"
+#include "core/doing.h"
 #include "ui/application.h"
 
 #include <QCheckBox>
@@ -75,6 +76,7 @@ void Site_Screen::Build_Controls()
 
 void Site_Screen::Form_Load()
 {
+    Doing doing(QStringLiteral("Reading the events for the web pages"));
     try {
         m_events = Load_Site_Events(conn(), m_edition.listSql(Current_Competition_Id));
     } catch (const AppError &e) {
@@ -148,6 +150,7 @@ void Site_Screen::CmdRun_Click()
     ProgressBar1->setRange(0, qMax(1, int(selected.size())));
     ProgressBar1->setValue(0);
     setEnabled(false);
+    Doing doing(QStringLiteral("Writing the web pages to ") + location);
     try {
         Site_Source src{conn(), Current_Competition_Id, Current_Competition_Name, Current_Competition_Date, m_letters, {}, {}};
         Load_Site_Lists(src);

@@ -1,6 +1,7 @@
 #include "report_output.h"
 #include "report.h"
 #include "core/dialogs.h"
+#include "core/doing.h"
 #include "core/errors.h"
 #include "core/globals.h"
 
@@ -27,10 +28,11 @@ bool Save_Report_As_Pdf(const Report &report, QWidget *)
         return false;
     if (!path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
         path += QStringLiteral(".pdf");
+    Doing doing(QStringLiteral("Saving ") + report.Title() + QStringLiteral(" as ") + path);
     try {
         report.Render_Pdf(path);
     } catch (const AppError &e) {
-        Msg_Box(e.message(), vbExclamation, report.Title());
+        Msg_Box(Fault_Text(e.message()), vbExclamation, report.Title());
         return false;
     }
     return true;

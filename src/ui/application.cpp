@@ -4,6 +4,7 @@
 #include "core/errors.h"
 #include "core/globals.h"
 
+#include <QAbstractButton>
 #include <QMdiSubWindow>
 
 StrathmarkApp::StrathmarkApp(int &argc, char **argv) : QApplication(argc, argv)
@@ -15,10 +16,14 @@ StrathmarkApp::StrathmarkApp(int &argc, char **argv) : QApplication(argc, argv)
 void Show_Unhandled_Fault(const QString &message)
 {
     // The engine's words alone tell the tallier nothing: the action comes first.
-    QWidget *w = QApplication::focusWidget();
+    // With no action named, the screen and the button the operator pressed say it.
+    QWidget *focus = QApplication::focusWidget();
+    QWidget *w = focus;
     while (w && !w->isWindow() && !qobject_cast<QMdiSubWindow *>(w->parentWidget()))
         w = w->parentWidget();
-    const QString fallback = w ? QStringLiteral("Working on ") + w->windowTitle() : QString();
+    QString fallback = w ? QStringLiteral("Working on ") + w->windowTitle() : QString();
+    if (auto *button = qobject_cast<QAbstractButton *>(focus); button && w && !button->text().isEmpty())
+        fallback += QStringLiteral(" (") + button->text().remove(QLatin1Char('&')) + QLatin1Char(')');
     Msg_Box(Fault_Text(message, fallback), vbCritical, App_Title);
 }
 

@@ -190,7 +190,7 @@ void TestPublishSites::folders()
     if (name == QLatin1String("Perth Games"))
         QVERIFY(QDir().mkpath(blocked));  // a folder where the page should go
     Run_Screen(form, QStringLiteral("0"));
-    QCOMPARE(Dialogs::texts().join(QString()).replace(QStringLiteral("HTML files created in directory: ") + Data_Dir + "Html/", "created"), box);
+    QCOMPARE(Dialogs::texts().join(QString()).replace(QStringLiteral("HTML files created in directory: ") + Data_Dir + "Html/", "created").replace("Writing the web pages to " + Data_Dir + ": ", ""), box);
     QStringList found;
     for (const QString &d : QDir(Data_Dir + "Html").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         found << d;

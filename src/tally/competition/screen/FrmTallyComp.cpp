@@ -9,6 +9,7 @@
 #include "core/errors.h"
 #include "core/globals.h"
 #include "ui/geometry_store.h"
+#include "ui/grid/column_fit.h"
 #include "ui/grid/flex_grid.h"
 #include "ui/screen_scaler.h"
 
@@ -76,6 +77,8 @@ FlexGrid *Result_Grid(QGroupBox *frame, const char *name)
     grid->Set_Size(1, 3);
     grid->setFocusPolicy(Qt::NoFocus);
     grid->setSelectionMode(QAbstractItemView::NoSelection);
+    // The name takes the width left, so the grid never scrolls sideways.
+    Keep_Last_Column_Filling(grid);
     frame->layout()->addWidget(grid);
     return grid;
 }
@@ -123,7 +126,7 @@ void FrmTallyComp::Build_Controls()
     static_cast<QVBoxLayout *>(Frame1->layout())->addStretch(1);
 
     Frame5 = Frame(this, "Frame5", QString());
-    Frame5->setGeometry(Twips(5560, 120, 2000, 5000));
+    Frame5->setGeometry(Twips(5560, 120, 1600, 5000));
     MSFlexGrid1->setParent(Frame5);
     Frame5->layout()->addWidget(MSFlexGrid1);
     MSFlexGrid1->show();
@@ -180,7 +183,7 @@ void FrmTallyComp::Build_Lists()
     judgeFrame->layout()->addWidget(txtJudge);
 
     auto *prizeFrame = Frame(this, "FramePrizes", QStringLiteral("No of Prizes"));
-    prizeFrame->setGeometry(Twips(5560, 5200, 2000, 1300));
+    prizeFrame->setGeometry(Twips(5560, 5200, 1600, 1300));
     LstNoPrizes = List(prizeFrame, "LstNoPrizes");
     // "16" places nobody: its value is 0.
     for (int n = 1; n <= 16; ++n)
@@ -193,14 +196,14 @@ void FrmTallyComp::Build_Lists()
     LstNoPrizes_auto->hide();
 
     auto *trophyFrame = Frame(this, "FrameTrophies", QStringLiteral("Inc in Trophies"));
-    trophyFrame->setGeometry(Twips(5560, 6580, 2000, 1050));
+    trophyFrame->setGeometry(Twips(5560, 6580, 1600, 1050));
     lstnodancers = List(trophyFrame, "lstnodancers");
     lstnodancers->setToolTip(QStringLiteral("Did 6 or more dancers compete in this dance?"));
     Add_Item(lstnodancers, QStringLiteral("Yes"), 1);
     Add_Item(lstnodancers, QStringLiteral("No"), 0);
 
     auto *filterFrame = Frame(this, "FrameFilter", QStringLiteral("Filter Registered"));
-    filterFrame->setGeometry(Twips(5560, 7690, 2000, 1050));
+    filterFrame->setGeometry(Twips(5560, 7690, 1600, 1050));
     lst_filter = List(filterFrame, "lst_filter");
     lst_filter->setToolTip(QStringLiteral("Filter on registered competitors"));
     Add_Item(lst_filter, QStringLiteral("No"), 0);
@@ -243,9 +246,10 @@ void FrmTallyComp::Build_Results()
         {"FrameNR", QStringLiteral("National Result"), "GrdNR", &GrdNR, &unused},
     };
     // Three bands down the whole height, Highland and National side by side in
-    // the last: each grid shows the six prize-winners and a tie.
-    const QRect places[] = {Twips(7620, 120, 3975, 2960), Twips(7620, 3120, 3975, 2960),
-                            Twips(7620, 6120, 1965, 2960), Twips(9630, 6120, 1965, 2960)};
+    // the last: each grid shows the six prize-winners and a tie. The two-column
+    // mark grid beside them leaves them the width their names need.
+    const QRect places[] = {Twips(7220, 120, 4375, 2960), Twips(7220, 3120, 4375, 2960),
+                            Twips(7220, 6120, 2165, 2960), Twips(9430, 6120, 2165, 2960)};
     int n = 0;
     for (const Result_Frame &f : frames) {
         QGroupBox *frame = Frame(this, f.frame, f.caption);
@@ -433,7 +437,6 @@ void FrmTallyComp::Set_Result_Widths(FlexGrid *grid)
 {
     Set_Width(grid, 0, 500);
     Set_Width(grid, 1, 600);
-    Set_Width(grid, 2, 2500);
 }
 
 void FrmTallyComp::Set_Mark_Widths()

@@ -311,6 +311,7 @@ void FrmTallyComp::LstNoPrizes_Click()
 {
     if (!Prizes_Live || !Selected_Item(LstNoPrizes))
         return;
+    Doing doing(QStringLiteral("Setting the number of prizes of ") + Frame5->title());
     try {
         No_Prizes = Set_Dance_No_Prizes(conn(), static_cast<short>(Item_Value(LstNoPrizes)), Marked_Cells());
         Set_Dirty(true);
@@ -323,6 +324,7 @@ void FrmTallyComp::lstnodancers_Click()
 {
     if (!No_Dancers_Live || !lstnodancers->currentItem())
         return;
+    Doing doing(QStringLiteral("Setting whether ") + Frame5->title() + QStringLiteral(" counts for the trophies"));
     try {
         Set_No_Dancers(conn(), Current_Competition_Id, Current_Group_Id, Current_Dance_Id, Item_Value(lstnodancers));
     } catch (const AppError &e) {
@@ -342,6 +344,7 @@ void FrmTallyComp::lst_filter_Click()
         return;
     }
     m_filterRow = row;
+    Doing doing(QStringLiteral("Showing the marks of ") + Event_Name + QStringLiteral(", ") + Frame5->title());
     try {
         Load_Marks();
         Load_Results();
@@ -356,6 +359,7 @@ void FrmTallyComp::LstJudge_Click()
     const QListWidgetItem *item = Selected_Item(LstJudge);
     if (!item || m_selectedEvent < 0)
         return;
+    Doing doing(QStringLiteral("Setting the judge of ") + Frame5->title());
     try {
         const int judge = item->data(Qt::UserRole).toInt();
         txtJudge->setText(Judge_Name(conn(), judge));

@@ -145,6 +145,7 @@ void ThreeJudgeScreen::Dance_Button_Click(int n)
 {
     if (!Check_Unsaved())
         return;
+    Doing doing(QStringLiteral("Showing the dance ") + Dance_Buttons[n - 1]->text() + QStringLiteral(" of ") + m_eventName);
     try {
         Current_Dance_Id = Dance_Id_Of(n);
         Show_Current_Dance();
@@ -174,9 +175,10 @@ void ThreeJudgeScreen::Save_Dance_Names()
     for (int n = 1; n <= 4; ++n) {
         const QString name = edit_dance[n - 1]->text();
         try {
+            Doing doing(QStringLiteral("Saving the name of dance %1 (%2)").arg(n).arg(name));
             Save_Dance_Name(conn(), Current_Competition_Id, Current_Group_Id, n, name);
         } catch (const AppError &e) {
-            Show_Unhandled_Fault(QStringLiteral("Saving the name of dance %1 (%2): ").arg(n).arg(name) + e.message());
+            Show_Unhandled_Fault(e.message());
             return;
         }
         if (name != Default_Dance_Names()[n - 1]) {
@@ -193,6 +195,7 @@ void ThreeJudgeScreen::Reset_Dance_Names()
     Dance_Names = Default_Dance_Names();
     for (int n = 1; n <= 4; ++n)
         Set_Dance_Caption(n, Dance_Names[n - 1]);
+    Doing doing(QStringLiteral("Setting the dance names of ") + m_eventName + QStringLiteral(" back to the usual ones"));
     try {
         ThreeJudge::Reset_Dance_Names(conn(), Current_Competition_Id, Current_Group_Id);
     } catch (const AppError &e) {

@@ -7,6 +7,7 @@
 #include "core/globals.h"
 #include "core/routines.h"
 #include "tally/three_judge/three_judge_tally.h"
+#include "core/doing.h"
 #include "ui/application.h"
 #include "ui/geometry_store.h"
 #include "ui/grid/flex_grid.h"
@@ -198,6 +199,7 @@ void ThreeJudgeScreen::Judge_List_Click(int n)
     if (!it)
         return;
     const int judge = it->data(Qt::UserRole).toInt();
+    Doing doing(QStringLiteral("Setting judge %1 of ").arg(n) + m_eventName);
     try {
         Set_Cell(0, First_Judge_Column - 1 + n, Judge_Name(conn(), judge));
         // Saved at once; not an unsaved change.
@@ -212,6 +214,7 @@ void ThreeJudgeScreen::lstnodancers_Click()
     const QListWidgetItem *it = Selected(lstnodancers);
     if (!m_noDancersLive || !it)
         return;
+    Doing doing(QStringLiteral("Setting whether this dance of ") + m_eventName + QStringLiteral(" counts for the trophies"));
     try {
         Set_Include_In_Trophies(conn(), Current_Competition_Id, Current_Group_Id, Current_Dance_Id,
                                 it->data(Qt::UserRole).toInt());
@@ -224,6 +227,7 @@ void ThreeJudgeScreen::lst_filter_Click()
 {
     if (!lst_filter->isEnabled() || !Check_Unsaved())
         return;
+    Doing doing(QStringLiteral("Showing the marks of ") + m_eventName);
     try {
         Refresh_Dance();
     } catch (const AppError &e) {
@@ -305,6 +309,7 @@ bool ThreeJudgeScreen::Query_Unload()
 
 void ThreeJudgeScreen::CmdRand_Click()
 {
+    Doing doing(QStringLiteral("Making a random draw for ") + m_eventName);
     try {
         const int rows = MSFlexGrid1->rowCount();
         const QList<int> numbers = Random_Sample(4 * rows, 1, 1000, true);

@@ -3,6 +3,7 @@
 #include "mark_rules.h"
 #include "core/globals.h"
 #include "ui/geometry_store.h"
+#include "ui/grid/column_fit.h"
 #include "ui/grid/flex_grid.h"
 
 #include <QApplication>
@@ -63,6 +64,8 @@ FlexGrid *Result_Grid(const QString &name)
     auto *g = new FlexGrid;
     g->setObjectName(name);
     g->setFocusPolicy(Qt::NoFocus);
+    // The name takes the width left, so the grid never scrolls sideways.
+    Keep_Last_Column_Filling(g);
     return g;
 }
 
@@ -108,13 +111,15 @@ ThreeJudgeScreen::~ThreeJudgeScreen() = default;
 
 QWidget *ThreeJudgeScreen::Build_Left()
 {
+    // The column is as wide as its controls need: the event list widens to its
+    // longest name, so nothing here may fix the column's least width.
     auto *left = new QWidget;
-    left->setMinimumWidth(230);  // grows to the longest event name
     auto *v = new QVBoxLayout(left);
     v->setContentsMargins(0, 0, 0, 0);
 
     QGroupBox *events = Frame(QStringLiteral("Frame1"), QStringLiteral("Select event"));
     LstGroup = List(QStringLiteral("LstGroup"));
+    LstGroup->setMinimumWidth(200);
     (new QVBoxLayout(events))->addWidget(LstGroup);
     v->addWidget(events, 1);
 
@@ -165,6 +170,8 @@ QWidget *ThreeJudgeScreen::Build_Middle()
     f.setBold(true);
     f.setPointSizeF(f.pointSizeF() * 1.3);
     lblEvent->setFont(f);
+    // A long event name takes a second line rather than the event list's width.
+    lblEvent->setWordWrap(true);
     v->addWidget(lblEvent);
 
     auto *judges = new QHBoxLayout;
