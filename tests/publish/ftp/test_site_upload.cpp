@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
-#include <memory>
 
 class TestSiteUpload : public QObject
 {
@@ -41,16 +40,13 @@ void TestSiteUpload::upload()
     TestDataFolder dir;
     Ftp_Test_Server server("tally", "Secret'9");
     QVERIFY(server.started());
-    {
-        Connection conn;
-        conn.open();
-        Transaction tx(conn);
-        for (const QString &sql : QString::fromUtf8(Read(PUBLISH_TEST_DIR "/competition.sql")).split('\n', Qt::SkipEmptyParts))
-            conn.execute(sql);
-    }
+    Connection conn;
+    conn.open();
+    for (const QString &sql : QString::fromUtf8(Read(PUBLISH_TEST_DIR "/competition.sql")).split('\n', Qt::SkipEmptyParts))
+        conn.execute(sql);
     Current_Competition_Id = 7;
     Current_Competition_Name = "St Andrew's Games";
-    std::unique_ptr<Site_Screen> screen(form == "FrmHTML2" ? static_cast<Site_Screen *>(new FrmHTML2) : new frmbrogard);
+    QScopedPointer<Site_Screen> screen(form == "FrmHTML2" ? static_cast<Site_Screen *>(new FrmHTML2) : new frmbrogard);
     auto *upload = screen->findChild<QPushButton *>("CmdUpload");
     QVERIFY(!upload->isEnabled());   // nothing written yet
     screen->findChild<QPushButton *>("CmdSel")->click();
@@ -72,16 +68,15 @@ void TestSiteUpload::upload()
     Dialogs::queueForm({QString(), QString(), QString(), "Secret'9"});
     upload->click();
     const QList<Input_Field> shown = Dialogs::lastForm();
-    QCOMPARE(shown[0].value + '|' + shown[1].value + '|' + shown[2].value + '|' + shown[3].value,
-             host + "|tally|live/results|");
-    QVERIFY(shown[3].hidden);
+    QCOMPARE(QStringList({shown[0].value, shown[1].value, shown[2].value, shown[3].value, QString::number(shown[3].hidden)}),
+             QStringList({host, "tally", "live/results", "", "1"}));
     QCOMPARE(Dialogs::lastRecord().text, "Results site sent to ftp://" + host + "/live/results/St Andrew's Games/");
     auto *bar = screen->findChild<QProgressBar *>("ProgressBar1");
     QCOMPARE(bar->value(), bar->maximum());
     const QString site = Data_Dir + "Html/St Andrew's Games/", sent = server.file("live/results/St Andrew's Games/");
-    QCOMPARE(QDir(sent).entryList(QDir::Files), QDir(site).entryList(QDir::Files));
-    QVERIFY(QDir(site).entryList(QDir::Files).size() >= 4);
-    for (const QString &f : QDir(site).entryList(QDir::Files))
+    const QStringList files = QDir(site).entryList(QDir::Files);
+    QVERIFY(files.size() >= 4 && QDir(sent).entryList(QDir::Files) == files);
+    for (const QString &f : files)
         QVERIFY2(Read(sent + f) == Read(site + f), qPrintable(f));
     const QByteArray store = Read(QSettings(QSettings::IniFormat, QSettings::UserScope, "Strathmark", App_Title).fileName());
     QVERIFY2(store.contains("live/results") && !store.contains("Secret") && !store.contains("wrong"), store.constData());
