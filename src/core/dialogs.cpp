@@ -10,6 +10,8 @@ Dialogs::Presenter g_presenter;
 bool g_scripted = false;
 QList<int> g_answers;
 QStringList g_texts;
+QList<QStringList> g_forms;
+QList<Input_Field> g_lastForm;
 QList<Dialogs::Record> g_records;
 
 QString shownTitle(const QString &title)
@@ -111,6 +113,22 @@ void Show_Timed_Box(const QString &text, const QString &title, int msec)
         g_presenter.timed(text, shownTitle(title), msec);
 }
 
+bool Input_Form(const QString &prompt, QList<Input_Field> &fields, const QString &title)
+{
+    if (g_scripted) {
+        g_records << Dialogs::Record{QStringLiteral("form"), prompt, shownTitle(title), 0};
+        g_lastForm = fields;
+        const QStringList typed = g_forms.isEmpty() ? QStringList(fields.size(), QString()) : g_forms.takeFirst();
+        if (typed.isEmpty())
+            return false;
+        for (int i = 0; i < fields.size() && i < typed.size(); ++i)
+            if (!typed[i].isNull())
+                fields[i].value = typed[i];
+        return true;
+    }
+    return g_presenter.form && g_presenter.form(prompt, fields, shownTitle(title));
+}
+
 namespace Dialogs {
 
 void setPresenter(const Presenter &p) { g_presenter = p; }
@@ -120,12 +138,15 @@ void setScripted(bool on)
     g_scripted = on;
     g_answers.clear();
     g_texts.clear();
+    g_forms.clear();
     g_records.clear();
 }
 
 bool isScripted() { return g_scripted; }
 void queueAnswer(int answer) { g_answers << answer; }
 void queueText(const QString &text) { g_texts << text; }
+void queueForm(const QStringList &values) { g_forms << values; }
+QList<Input_Field> lastForm() { return g_lastForm; }
 QList<Record> records() { return g_records; }
 Record lastRecord() { return g_records.isEmpty() ? Record{} : g_records.last(); }
 void clearRecords() { g_records.clear(); }

@@ -31,11 +31,23 @@ QString Get_Save_File(const QString &title, const QString &folder, const QString
 // The self-closing confirmation box, closed by a timer after msec.
 void Show_Timed_Box(const QString &text, const QString &title, int msec);
 
+// One line of a small input form: its label, the text shown at first (the
+// answer afterwards), and whether what is typed stays hidden.
+struct Input_Field
+{
+    QString label;
+    QString value;
+    bool hidden = false;
+};
+// A form of text lines with OK and Cancel; false when cancelled, and then the
+// values are left as they were.
+bool Input_Form(const QString &prompt, QList<Input_Field> &fields, const QString &title = QString());
+
 namespace Dialogs {
 
 struct Record
 {
-    QString kind;   // "msgbox", "timed", "folder", "open", "save"
+    QString kind;   // "msgbox", "timed", "folder", "open", "save", "form"
     QString text;
     QString title;  // the title as shown (the program's title when none given)
     int style = 0;
@@ -48,6 +60,7 @@ struct Presenter
     std::function<QString(const QString &title, const QString &folder, const QString &filter)> openFile;
     std::function<QString(const QString &title, const QString &folder, const QString &filter)> saveFile;
     std::function<void(const QString &text, const QString &title, int msec)> timed;
+    std::function<bool(const QString &prompt, QList<Input_Field> &fields, const QString &title)> form;
 };
 
 void setPresenter(const Presenter &p);
@@ -60,6 +73,12 @@ bool isScripted();
 void queueAnswer(int answer);
 // Answers for the next folder browser or file chooser; empty means cancelled.
 void queueText(const QString &text);
+// What is typed into the next input form, line by line; a null string leaves
+// the line as shown, an empty list presses Cancel. With none queued a form is
+// taken as shown.
+void queueForm(const QStringList &values);
+// The lines of the last input form as it was shown (hidden ones included).
+QList<Input_Field> lastForm();
 QList<Record> records();
 Record lastRecord();
 void clearRecords();

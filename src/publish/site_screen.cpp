@@ -1,4 +1,5 @@
 #include "site_screen.h"
+#include "site_upload.h"
 
 #include "core/dialogs.h"
 #include "core/errors.h"
@@ -49,6 +50,10 @@ void Site_Screen::Build_Controls()
     connect(VScroll, &QScrollBar::valueChanged, this, [this](int v) { PicBox->move(0, -v); });
     CmdSel = button("CmdSel", QStringLiteral("Select All"));
     CmdRun = button("CmdRun", QStringLiteral("Create Pages"));
+    CmdUpload = button("CmdUpload", QStringLiteral("Upload"));
+    CmdUpload->setToolTip(QStringLiteral("Send the pages just created to an FTP server"));
+    CmdUpload->setEnabled(false);
+    connect(CmdUpload, &QPushButton::clicked, this, &Site_Screen::CmdUpload_Click);
     if (m_edition.browse) {
         CmdBrowse = button("CmdBrowse", QStringLiteral("Browse..."));
         connect(CmdBrowse, &QPushButton::clicked, this, &Site_Screen::CmdBrowse_Click);
@@ -67,6 +72,7 @@ void Site_Screen::Build_Controls()
         buttons->addWidget(CmdBrowse);
     buttons->addStretch(1);
     buttons->addWidget(CmdRun);
+    buttons->addWidget(CmdUpload);
     auto *main = new QVBoxLayout(this);
     main->addWidget(Label1);
     main->addLayout(list, 1);
@@ -159,11 +165,45 @@ void Site_Screen::CmdRun_Click()
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         });
         setEnabled(true);
+        m_site = QDir(html).filePath(Current_Competition_Name);
+        CmdUpload->setEnabled(true);
         Msg_Box(QStringLiteral("HTML files created in directory: ") + html);
     } catch (const AppError &e) {
         setEnabled(true);
         Show_Unhandled_Fault(e.message());
     }
+}
+
+void Site_Screen::CmdUpload_Click()
+{
+    Upload_Target target = Load_Upload_Target();
+    QList<Input_Field> fields{{QStringLiteral("Server:"), target.server},
+                              {QStringLiteral("User name:"), target.user},
+                              {QStringLiteral("Remote folder:"), target.folder},
+                              {QStringLiteral("Password:"), QString(), true}};
+    const QString prompt = QStringLiteral("Send the results site to an FTP server.\nThe pages go into a folder "
+                                          "named for the competition under the remote folder.");
+    if (!Input_Form(prompt, fields, App_Title + QStringLiteral(" - Upload Results")))
+        return;
+    target = {fields[0].value.trimmed(), fields[1].value.trimmed(), fields[2].value.trimmed()};
+    if (target.server.isEmpty()) {
+        Msg_Box(QStringLiteral("Type the name of the FTP server."), vbExclamation);
+        return;
+    }
+    Save_Upload_Target(target);
+    ProgressBar1->setRange(0, 1000);
+    ProgressBar1->setValue(0);
+    setEnabled(false);
+    const QString error = Upload_Site(target, fields[3].value, m_site, [this](qint64 done, qint64 total) {
+        ProgressBar1->setValue(total > 0 ? int(done * 1000 / total) : 1000);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    });
+    setEnabled(true);
+    if (!error.isEmpty()) {
+        Msg_Box(error, vbExclamation);
+        return;
+    }
+    Msg_Box(QStringLiteral("Results site sent to ftp://%1%2/").arg(target.server, Remote_Site_Folder(target, m_site)));
 }
 
 void Site_Screen::Form_Unload()

@@ -47,6 +47,7 @@ private:
     void CmdSel_Click();
     void CmdBrowse_Click();
     void CmdRun_Click();
+    void CmdUpload_Click();
     void Place_Boxes();
 
     Site_Edition m_edition;
@@ -54,6 +55,7 @@ private:
     QList<Site_Event> m_events;                     // the full list
     QList<Site_Event> m_selection;                  // a ticked row's copy, or an empty row
     QString m_location;
+    QString m_site;                                 // the folder written by the last run
     QWidget *m_view = nullptr;
     QWidget *PicBox = nullptr;
     QLabel *lblFiller = nullptr;
@@ -63,5 +65,6 @@ private:
     QPushButton *CmdSel = nullptr;
     QPushButton *CmdBrowse = nullptr;
     QPushButton *CmdRun = nullptr;
+    QPushButton *CmdUpload = nullptr;
     QProgressBar *ProgressBar1 = nullptr;
 };

@@ -2,11 +2,17 @@
 #include "core/dialogs.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -99,6 +105,42 @@ void showTimed(const QString &text, const QString &title, int msec)
     box.exec();
 }
 
+bool showForm(const QString &prompt, QList<Input_Field> &fields, const QString &title)
+{
+    QDialog box(parentWindow());
+    box.setObjectName(QStringLiteral("InputForm"));
+    box.setWindowTitle(title);
+    auto *lines = new QFormLayout;
+    QList<QLineEdit *> edits;
+    for (int i = 0; i < fields.size(); ++i) {
+        auto *edit = new QLineEdit(fields[i].value, &box);
+        edit->setObjectName(QStringLiteral("Field%1").arg(i));
+        edit->setMinimumWidth(260);
+        if (fields[i].hidden)
+            edit->setEchoMode(QLineEdit::Password);
+        lines->addRow(fields[i].label, edit);
+        edits << edit;
+    }
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &box);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &box, &QDialog::reject);
+    auto *main = new QVBoxLayout(&box);
+    main->addWidget(new QLabel(prompt, &box));
+    main->addLayout(lines);
+    main->addWidget(buttons);
+    // The first empty line takes the typing: on a second use that is the hidden one.
+    for (QLineEdit *edit : edits)
+        if (edit->text().isEmpty()) {
+            edit->setFocus();
+            break;
+        }
+    if (box.exec() != QDialog::Accepted)
+        return false;
+    for (int i = 0; i < fields.size(); ++i)
+        fields[i].value = edits[i]->text();
+    return true;
+}
+
 } // namespace
 
 void Install_Dialog_Presenter()
@@ -115,5 +157,6 @@ void Install_Dialog_Presenter()
     p.saveFile = [](const QString &title, const QString &folder, const QString &filter) {
         return QFileDialog::getSaveFileName(parentWindow(), title, folder, filter);
     };
+    p.form = showForm;
     Dialogs::setPresenter(p);
 }

@@ -4,6 +4,7 @@
 #include <functional>
 
 typedef void CURL;
+class QFile;
 
 // A small FTP client holding one session and one connection to one server.
 // Every operation gives false (or a negative size) on failure and keeps a text
@@ -86,6 +87,10 @@ private:
     // A local file that cannot be opened, told in the same form.
     void Record_Local(const QString &step, int code, const QString &path, const QString &why);
     void Feed_Reply(const QByteArray &text);
+    // The start shared by the block transfers: names trimmed and checked, the
+    // local file opened, the request readied on the remote name. total is the
+    // local size for an upload, the server's size for a download.
+    bool Start_Blocks(bool upload, const QString &local, const QString &remote, QFile &file, qint64 &total);
 
     CURL *m_curl = nullptr;
     bool m_connected = false;

@@ -47,8 +47,15 @@ bool Upload_Folder(cFTP &ftp, const QString &localFolder, const QString &remoteF
         }
     }
     folders.sort();   // parents before their children
-    if (!Ensure_Folder(ftp, remoteFolder))
-        return false;
+    // The remote folder's own parents first, so that "live/results" can be new as a whole.
+    const QStringList parts = remoteFolder.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    QString path = remoteFolder.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : QString();
+    for (const QString &part : parts) {
+        path += part;
+        if (!Ensure_Folder(ftp, path))
+            return false;
+        path += QLatin1Char('/');
+    }
     for (const QString &f : folders)
         if (!Ensure_Folder(ftp, Join(remoteFolder, f)))
             return false;

@@ -12,6 +12,7 @@ namespace {
 // A block transfer in hand: whole blocks of cFTP::Block_Size, then the rest.
 struct Blocks
 {
+    Blocks(cFTP *f, QIODevice *d) : ftp(f), file(d) {}
     cFTP *ftp = nullptr;
     QIODevice *file = nullptr;
     qint64 total = 0;
@@ -71,6 +72,18 @@ size_t Write_Whole(char *data, size_t size, size_t count, void *user)
     return static_cast<QIODevice *>(user)->write(data, len) == len ? static_cast<size_t>(len) : 0;
 }
 
+QString Open_Step(bool upload)
+{
+    return upload ? QStringLiteral("FtpOpenFile:PutFile") : QStringLiteral("FtpOpenFile:GetFile");
+}
+
+// The step a failed block transfer names: the opening, a whole block, or the short last one.
+QString Failed_Step(const Blocks &b, bool upload)
+{
+    const QString block = upload ? QStringLiteral("InternetWriteFile") : QStringLiteral("InternetReadFile");
+    return !b.started ? Open_Step(upload) : b.inShortBlock() ? block + QLatin1Char('2') : block;
+}
+
 } // namespace
 
 void cFTP::Record_Local(const QString &step, int code, const QString &path, const QString &why)
@@ -124,37 +137,45 @@ bool cFTP::SimpleFTPGetFile(const QString &local, const QString &remote)
     return true;
 }
 
-bool cFTP::FTPUploadFile(const QString &local, const QString &remote)
+bool cFTP::Start_Blocks(bool upload, const QString &local, const QString &remote, QFile &file, qint64 &total)
 {
     const QString localName = local.trimmed();
     const QString remoteName = remote.trimmed();
     if (localName.isEmpty() || remoteName.isEmpty())
         return false;
-    const QString openStep = QStringLiteral("FtpOpenFile:PutFile");
-    QFile file(localName);
-    if (!file.open(QIODevice::ReadOnly)) {
-        Record_Local(openStep, CURLE_READ_ERROR, localName, file.errorString());
+    // A missing remote file is found before any local file is touched.
+    if (!upload && (total = GetFTPFileSize(remoteName)) <= 0)
+        return false;
+    const QString step = Open_Step(upload);
+    file.setFileName(localName);
+    // A download is written from its first byte and never cut: a shorter file leaves the old tail.
+    if (!file.open(upload ? QIODevice::ReadOnly : QIODevice::ReadWrite)) {
+        Record_Local(step, upload ? CURLE_READ_ERROR : CURLE_WRITE_ERROR, localName, file.errorString());
         return false;
     }
     if (!Begin()) {
-        Not_Connected(openStep);
+        Not_Connected(step);
         return false;
     }
-    Blocks b;
-    b.ftp = this;
-    b.file = &file;
-    b.total = file.size();
+    if (upload)
+        total = file.size();
     curl_easy_setopt(m_curl, CURLOPT_URL, Url(Absolute(remoteName)).constData());
+    return true;
+}
+
+bool cFTP::FTPUploadFile(const QString &local, const QString &remote)
+{
+    QFile file;
+    Blocks b{this, &file};
+    if (!Start_Blocks(true, local, remote, file, b.total))
+        return false;
     curl_easy_setopt(m_curl, CURLOPT_UPLOAD, 1L);
     curl_easy_setopt(m_curl, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(b.total));
     curl_easy_setopt(m_curl, CURLOPT_READFUNCTION, Read_Block);
     curl_easy_setopt(m_curl, CURLOPT_READDATA, &b);
     const int code = Run();
     if (code != CURLE_OK) {
-        Record_Error(!b.started ? openStep
-                     : b.inShortBlock() ? QStringLiteral("InternetWriteFile2")
-                                         : QStringLiteral("InternetWriteFile"),
-                     code);
+        Record_Error(Failed_Step(b, true), code);
         return false;
     }
     emit Progress(static_cast<qint32>(b.total), static_cast<qint32>(b.total));
@@ -163,42 +184,20 @@ bool cFTP::FTPUploadFile(const QString &local, const QString &remote)
 
 bool cFTP::FTPDownloadFile(const QString &local, const QString &remote)
 {
-    const QString localName = local.trimmed();
-    const QString remoteName = remote.trimmed();
-    if (localName.isEmpty() || remoteName.isEmpty())
+    QFile file;
+    Blocks b{this, &file};
+    if (!Start_Blocks(false, local, remote, file, b.total))
         return false;
-    const qint64 size = GetFTPFileSize(remoteName);
-    if (size <= 0)
-        return false;
-    const QString openStep = QStringLiteral("FtpOpenFile:GetFile");
-    // Written from its first byte and never cut: a shorter file leaves the old tail.
-    QFile file(localName);
-    if (!file.open(QIODevice::ReadWrite)) {
-        Record_Local(openStep, CURLE_WRITE_ERROR, localName, file.errorString());
-        return false;
-    }
-    if (!Begin()) {
-        Not_Connected(openStep);
-        return false;
-    }
-    Blocks b;
-    b.ftp = this;
-    b.file = &file;
-    b.total = size;
-    curl_easy_setopt(m_curl, CURLOPT_URL, Url(Absolute(remoteName)).constData());
     curl_easy_setopt(m_curl, CURLOPT_WRITEFUNCTION, Write_Blocks);
     curl_easy_setopt(m_curl, CURLOPT_WRITEDATA, &b);
     const int code = Run();
     if (code == CURLE_OK && file.write(b.pending) != b.pending.size())
         b.failed = true;
     if (code != CURLE_OK || b.failed) {
-        const QString step = !b.started ? openStep
-                             : b.inShortBlock() ? QStringLiteral("InternetReadFile2")
-                                                 : QStringLiteral("InternetReadFile");
         if (b.failed && code == CURLE_OK)
-            Record_Local(step, CURLE_WRITE_ERROR, localName, file.errorString());
+            Record_Local(Failed_Step(b, false), CURLE_WRITE_ERROR, file.fileName(), file.errorString());
         else
-            Record_Error(step, code);
+            Record_Error(Failed_Step(b, false), code);
         return false;
     }
     emit Progress(static_cast<qint32>(b.total), static_cast<qint32>(b.total));
