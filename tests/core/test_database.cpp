@@ -32,30 +32,14 @@ void TestDatabase::prepared_file_holds_the_standard_content()
     QCOMPARE(c.scalar("SELECT count(*) FROM system_settings").toInt(), 1);
     QCOMPARE(c.scalar("SELECT count(*) FROM dances").toInt(), 17);
     QCOMPARE(c.scalar("SELECT min(dance_id) || '-' || max(dance_id) FROM dances").toString(), QString("1-17"));
-    const QStringList firstFour = {"Fling", "Swords", "Seann Truibhas", "Reel"};
-    for (int i = 0; i < 4; ++i)
-        QCOMPARE(c.scalar(QString("SELECT dance FROM dances WHERE dance_id = %1").arg(i + 1)).toString(), firstFour[i]);
+    QCOMPARE(c.scalar("SELECT group_concat(dance) FROM dances WHERE dance_id <= 4").toString(),
+             QString("Fling,Swords,Seann Truibhas,Reel"));
     QCOMPARE(c.scalar("SELECT count(*) FROM dances WHERE ucase(dance) IN ('TROPHY FLING','SPECIAL FLING')").toInt(), 2);
 
     // Prize rows must leave no gap from one dancer upward.
     for (int n = 1; n <= 400; ++n)
         QCOMPARE(c.scalar(QString("SELECT count(*) FROM system_no_prizes WHERE min_no <= %1 AND max_no >= %1").arg(n)).toInt(), 1);
 
-    // Every table of the current version is there.
-    for (const char *t : {"competitions", "categories", "category_dances", "age_groups", "judges", "competitors",
-                          "competitor_groups", "comp_judges_results", "judges_results", "judges_results_judges",
-                          "dance_results", "overall_dance_results", "overall_results", "highland_results",
-                          "national_results", "tie_break", "dance_no_prizes", "dance_no_dancers",
-                          "championship_dance_names", "custom_reports", "custom_reports_dances",
-                          "custom_reports_groups", "custom_reports_fields", "system_settings", "system_no_prizes",
-                          "db_info"})
-        QVERIFY2(c.scalar(QString("SELECT count(*) FROM sqlite_master WHERE type='table' AND name='%1'").arg(t)).toInt() == 1, t);
-    // Columns the later versions added.
-    c.query("SELECT split_ages, parent_group_id, no_overall_prizes, dancer_order, orderby, inc_t_fling, dance_section "
-            "FROM age_groups WHERE 1=0");
-    c.query("SELECT registered, txnid, postcode, custom4, teacher, notes, address1 FROM competitors WHERE 1=0");
-    c.query("SELECT auto FROM dance_no_prizes WHERE 1=0");
-    c.query("SELECT locale, judges_order, auto_save, show_address, check_dir, check_mode FROM system_settings");
 }
 
 void TestDatabase::opening_never_creates_and_needs_the_key()

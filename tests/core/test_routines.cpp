@@ -11,7 +11,6 @@ class TestRoutines : public QObject
 private slots:
     void place_text_names_only_nineteen_places();
     void sql_quote_doubles_every_quote();
-    void defaults_for_null_and_empty();
     void format_address_moves_lines_up();
     void next_code_carries();
     void duplicates_and_nulls();
@@ -39,15 +38,6 @@ void TestRoutines::sql_quote_doubles_every_quote()
     QCOMPARE(Sql_Quote("O'Brien"), QString("O''Brien"));
     QCOMPARE(Sql_Quote("''"), QString("''''"));
     QCOMPARE(Sql_Quote("plain"), QString("plain"));
-}
-
-void TestRoutines::defaults_for_null_and_empty()
-{
-    QCOMPARE(Null_Default(QVariant(), 0).toInt(), 0);
-    QCOMPARE(Null_Default(QVariant(5), 0).toInt(), 5);
-    QCOMPARE(Null_Default(QVariant(QString()), "x").toString(), QString());   // empty is not NULL
-    QCOMPARE(Default_If_Empty("", "N"), QString("N"));
-    QCOMPARE(Default_If_Empty("Y", "N"), QString("Y"));
 }
 
 void TestRoutines::format_address_moves_lines_up()

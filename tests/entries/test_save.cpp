@@ -1,6 +1,4 @@
 #include "grid_rows.h"
-#include "entries/competitor_checks.h"
-#include "entries/event_lists.h"
 #include "entries/row_marks.h"
 
 #include "core/db.h"
@@ -17,15 +15,9 @@ class TestSave : public QObject
 {
     Q_OBJECT
 private slots:
-    void number_checks();
-    void event_lookup_and_group_exists();
     void new_rows_keep_case_and_quote_by_column();
-    void new_row_with_apostrophe_in_teacher_saves();
     void edited_row_upper_cases_and_nulls_empty_cells();
-    void field4_of_edited_row_becomes_an_event();
     void renumbering_writes_events_under_new_number();
-    void marks_stop_at_row_1500();
-    void fault_keeps_rows_written_before_it();
 
 private:
     struct Screen
@@ -64,57 +56,6 @@ private:
         s.grid = std::make_unique<Grid_Rows>(s.conn, s.comp);
     }
 };
-
-void TestSave::number_checks()
-{
-    // The messages themselves are checked on the screen; here the rules behind them.
-    const QStringList codes{"A1", ""};
-    auto check = [&](int col, const QString &typed) {
-        QString t = typed;
-        return Check_Competitor_Cell(col, t, codes);
-    };
-    for (const char *bad : {"-3", "(12)", "1.0"})
-        QCOMPARE(check(Number, bad).message, QString("Invalid number!"));
-    for (const char *fault : {"12a", "1e9", "inf"})
-        QVERIFY_THROWS_EXCEPTION(AppError, check(Number, fault));
-    QVERIFY(check(Number, " 32767").ok);
-    QVERIFY(check(Number, "0").ok);
-    // Age and fee: a fraction is rounded only for the test, the text stays.
-    QString fee = "12.5";
-    QVERIFY(Check_Competitor_Cell(Fee, fee, codes).ok);
-    QCOMPARE(fee, QString("12.5"));
-    QVERIFY(check(Age, "").ok);
-    QVERIFY(check(Fee, "-0.4").ok);
-    QCOMPARE(check(Fee, "-1").message, QString("Value must be positive!"));
-    QVERIFY_THROWS_EXCEPTION(AppError, check(Age, "ten"));
-    QVERIFY(check(Notes, "anything (at all)").ok);
-}
-
-void TestSave::event_lookup_and_group_exists()
-{
-    TestDataFolder env;
-    Screen s;
-    setUp(s);
-    s.conn.execute("UPDATE age_groups SET championship_title = 'Scottish' WHERE competition_group_id = 'C3'");
-    const short other = Fixture::Competition(s.conn, "Other Games");
-    Fixture::Event(s.conn, other, "Z9", "Elsewhere", "H");
-
-    const Event_List list = Load_Event_Lookup(s.conn, s.comp);
-    // Sorted by the shown name, title first; the codes follow by position, one spare place at the end.
-    QCOMPARE(list.names, QStringList({" Under 10", " Under 8", "Scottish Open"}));
-    QCOMPARE(list.codes, QStringList({"B2", "A1", "C3", ""}));
-    QVERIFY(Group_Exists(list.codes, "a1"));
-    QVERIFY(Group_Exists(list.codes, ""));     // an emptied event cell passes
-    QVERIFY(!Group_Exists(list.codes, "Z9"));  // another competition's event
-    QString t = "Z9";
-    const Cell_Check c = Check_Competitor_Cell(First_Event + 3, t, list.codes);
-    QCOMPARE(c.message, QString("Invalid event! Use 'F2' for list"));
-    QCOMPARE(c.title, QString("Invalid Data"));
-
-    const Event_List search = Load_Search_Events(s.conn, s.comp);
-    QCOMPARE(search.names, QStringList({"Under 10 ", "Under 8 ", "Open Scottish"}));
-    QCOMPARE(search.codes, QStringList({"B2", "A1", "C3"}));
-}
 
 void TestSave::new_rows_keep_case_and_quote_by_column()
 {
@@ -167,21 +108,6 @@ void TestSave::new_rows_keep_case_and_quote_by_column()
     QCOMPARE(g.text(2, Fee), QString("12.5"));
 }
 
-void TestSave::new_row_with_apostrophe_in_teacher_saves()
-{
-    TestDataFolder env;
-    Screen s;
-    setUp(s);
-    s.open();
-    const int r = s.grid->addRow();
-    s.grid->set(r, Number, "9");
-    s.grid->set(r, Forename, "Ann");
-    s.grid->set(r, Surname, "Bell");
-    s.grid->set(r, 11, "Mrs O'Neil");
-    QVERIFY(!s.save().failed);
-    QCOMPARE(s.conn.scalar("SELECT teacher FROM competitors").toString(), QString("MRS O'NEIL"));
-}
-
 void TestSave::edited_row_upper_cases_and_nulls_empty_cells()
 {
     TestDataFolder env;
@@ -209,31 +135,6 @@ void TestSave::edited_row_upper_cases_and_nulls_empty_cells()
     QVERIFY(!s.grid->rules.marks().isSet(1));   // cleared as written
 }
 
-void TestSave::field4_of_edited_row_becomes_an_event()
-{
-    TestDataFolder env;
-    Screen s;
-    setUp(s);
-    Fixture::Competitor(s.conn, s.comp, 5, "Kirsty", "Mackay", {"A1"});
-    s.open();
-    s.edit(5, Custom4, "vip");
-    s.edit(5, First_Event + 1, "b2");
-    s.save();
-    QCOMPARE(s.field(5, "custom4").toString(), QString("VIP"));
-    QCOMPARE(s.field(5, "group_id2").toString(), QString("B2"));
-    // Events of an edited row are written as typed, Field4 among them.
-    QCOMPARE(s.events(5), QStringList({"vip", "A1", "b2"}));
-    // A new row reads its events from GRP1 on only.
-    const int r = s.grid->addRow();
-    s.grid->set(r, Number, "6");
-    s.grid->set(r, Forename, "Ann");
-    s.grid->set(r, Surname, "Bell");
-    s.grid->set(r, Custom4, "vip");
-    s.grid->set(r, First_Event, "a1");
-    s.save();
-    QCOMPARE(s.events(6), QStringList({"A1"}));
-}
-
 void TestSave::renumbering_writes_events_under_new_number()
 {
     TestDataFolder env;
@@ -247,42 +148,6 @@ void TestSave::renumbering_writes_events_under_new_number()
     QCOMPARE(s.field(50, "forename").toString(), QString("KIRSTY"));
     QCOMPARE(s.events(50), QStringList({"A1", "B2"}));
     QCOMPARE(s.events(5), QStringList({"A1", "B2"}));   // the old number's rows stay
-}
-
-void TestSave::marks_stop_at_row_1500()
-{
-    Row_Marks marks;
-    marks.set(1500);
-    QVERIFY(marks.isSet(1500));
-    QVERIFY_THROWS_EXCEPTION(AppError, marks.set(1501));
-    QVERIFY(!marks.isSet(1501));
-    marks.clear(1500);
-    QVERIFY(!marks.isSet(1500));
-}
-
-void TestSave::fault_keeps_rows_written_before_it()
-{
-    TestDataFolder env;
-    Screen s;
-    setUp(s);
-    Fixture::Competitor(s.conn, s.comp, 1, "Amy", "Bain", {"A1"});
-    Fixture::Competitor(s.conn, s.comp, 2, "Beth", "Cox", {"A1"});
-    s.open();
-    const int r = s.grid->addRow();
-    s.grid->set(r, Number, "3");
-    s.grid->set(r, Forename, "Cara");
-    s.grid->set(r, Surname, "Dunn");
-    s.edit(2, Number, "1");   // a number already taken: the store refuses it
-    const Grid_Save_Result result = s.save();
-    QVERIFY(result.failed);
-    QCOMPARE(s.grid->text(result.row, Number), QString("1"));
-    QVERIFY(result.failureText.startsWith("There was an error updating Competitor Number: 1\n"));
-    QVERIFY(!s.conn.inTransaction());
-    QCOMPARE(s.field(3, "forename").toString(), QString("Cara"));   // the new row stays
-    QCOMPARE(s.field(2, "forename").toString(), QString("Beth"));
-    // The events under the number typed were rewritten before the refusal.
-    QCOMPARE(s.events(1), QStringList({"A1"}));
-    QCOMPARE(s.events(2), QStringList({"A1"}));
 }
 
 QTEST_MAIN(TestSave)

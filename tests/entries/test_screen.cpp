@@ -1,19 +1,15 @@
-// The competitors screen driven as the operator drives it.
+// The competitors screen driven by keys and clicks.
 #include "entries/competitor_columns.h"
 #include "entries/frmCompetitors.h"
-
 #include "core/dialogs.h"
 #include "core/globals.h"
 #include "support/fixtures.h"
+#include "support/screen_script.h"
 #include "support/test_env.h"
-#include "ui/grid/flex_grid.h"
 
-#include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QtTest>
 
@@ -26,35 +22,17 @@ private slots:
     void init();
     void cleanup();
 
-    void opens_with_captions_and_highest_number_first();
-    void number_cell_messages();
-    void other_cells_refuse_with_their_boxes();
-    void f2_lists_events_and_the_code_lands_in_the_cell();
-    void f2_marks_the_row_even_without_a_choice();
-    void emptied_event_cell_leaves_the_events_at_save();
-    void new_row_typed_and_saved();
-    void cut_is_lost_at_the_refresh_after_a_save();
+    void typed_data();
+    void typed();
     void search_filters_and_keeps_the_statement();
     void registered_all_keeps_the_earlier_filter_until_reopened();
-    void winners_only_of_an_event();
-    void a_broken_search_keeps_the_grid_usable();
     void delete_removes_record_and_results();
     void an_edit_past_row_1500_gets_the_handler_box();
 
 private:
-    void open();
-    void press(int key, Qt::KeyboardModifiers mods = Qt::NoModifier);
-    void type(const QString &text);
-    void go(int row, int col);
-    // Puts the text into a cell's editor and leaves it with Tab.
-    void enter(int row, int col, const QString &text);
-    int rowOf(int number) const;
-    QVariant stored(int number, const QString &field);
-    QStringList events(int number);
+    void run(const QString &script);
     QList<int> shownNumbers() const;
     void search(const std::function<void()> &fill);
-
-    FlexGrid *grid() const { return m_screen->MSFlexGrid1; }
 
     std::unique_ptr<TestDataFolder> m_env;
     std::unique_ptr<frmCompetitors> m_screen;
@@ -70,291 +48,97 @@ void TestScreen::init()
     Fixture::Event(m_conn, m_comp, "A1", "Under 8", "H");
     Fixture::Event(m_conn, m_comp, "B2", "Under 10", "H");
     Fixture::Event(m_conn, m_comp, "CH", "Open", "C");
+    // Shown highest number first: row 1 is dancer 3, row 3 dancer 1.
     Fixture::Competitor(m_conn, m_comp, 1, "Amy", "Watt", {"A1"});
     Fixture::Competitor(m_conn, m_comp, 2, "Beth", "Abel", {"A1", "CH"});
     Fixture::Competitor(m_conn, m_comp, 3, "Cara", "Mair", {"CH"});
     m_conn.execute("UPDATE competitors SET age = competitor_id + 6, registered = competitor_id % 2");
     Current_Competition_Id = m_comp;
+    m_screen = std::make_unique<frmCompetitors>();
 }
 
 void TestScreen::cleanup()
 {
-    if (m_screen) {
-        m_screen->Set_Dirty(false);
-        m_screen->close();
-    }
+    m_screen->Set_Dirty(false);
+    m_screen->close();
     m_screen.reset();
     m_conn.close();
     m_env.reset();
 }
 
-void TestScreen::open()
+void TestScreen::run(const QString &script)
 {
-    m_screen = std::make_unique<frmCompetitors>();
-    m_screen->resize(1200, 700);
-    m_screen->show();
-    QApplication::setActiveWindow(m_screen.get());
-    QVERIFY(QTest::qWaitForWindowActive(m_screen.get()));
-    grid()->setFocus();
-    QCoreApplication::processEvents();
-}
-
-void TestScreen::press(int key, Qt::KeyboardModifiers mods)
-{
-    QWidget *target = QApplication::focusWidget();
-    QVERIFY(target);
-    QTest::keyClick(target, Qt::Key(key), mods);
-    QCoreApplication::processEvents();
-}
-
-void TestScreen::type(const QString &text)
-{
-    for (QChar ch : text) {
-        QTest::keyClick(QApplication::focusWidget(), ch.toLatin1());
-        QCoreApplication::processEvents();
-    }
-}
-
-void TestScreen::go(int row, int col)
-{
-    grid()->setFocus();
-    grid()->setCurrentCell(row, col);
-    QCoreApplication::processEvents();
-}
-
-void TestScreen::enter(int row, int col, const QString &text)
-{
-    go(row, col);
-    press(Qt::Key_Delete);   // opens the editor with an empty box
-    m_screen->txtEdit->setText(text);
-    press(Qt::Key_Tab);
-}
-
-int TestScreen::rowOf(int number) const
-{
-    for (int r = 1; r < grid()->rowCount(); ++r)
-        if (grid()->Text(r, Number) == QString::number(number))
-            return r;
-    return -1;
-}
-
-QVariant TestScreen::stored(int number, const QString &field)
-{
-    return m_conn.scalar("SELECT " + field + " FROM competitors WHERE competition_id = ? AND competitor_id = ?",
-                         {m_comp, number});
-}
-
-QStringList TestScreen::events(int number)
-{
-    QStringList out;
-    RowSet rs = m_conn.query("SELECT group_id FROM competitor_groups WHERE competition_id = ? AND competitor_id = ? "
-                             "ORDER BY rowid",
-                             {m_comp, number});
-    for (; !rs.eof(); rs.next())
-        out << rs.text("group_id");
-    return out;
+    Run_Script(m_screen.get(), m_conn, script);
 }
 
 QList<int> TestScreen::shownNumbers() const
 {
     QList<int> out;
-    for (int r = 1; r < grid()->rowCount(); ++r)
-        if (!grid()->Text(r, Number).isEmpty())
-            out << grid()->Text(r, Number).toInt();
+    for (int r = 1; r < m_screen->Row_Count(); ++r)
+        if (!m_screen->Cell(r, Number).isEmpty())
+            out << m_screen->Cell(r, Number).toInt();
     return out;
 }
 
 void TestScreen::search(const std::function<void()> &fill)
 {
-    QTest::mouseClick(m_screen->CmdViewSearch, Qt::LeftButton);
+    run("!CmdViewSearch");
     QVERIFY(m_screen->FrameSearch->isVisible());
     fill();
-    QTest::mouseClick(m_screen->CmdSearch, Qt::LeftButton);
-    QCoreApplication::processEvents();
+    run("!CmdSearch");
 }
 
-void TestScreen::opens_with_captions_and_highest_number_first()
+void TestScreen::typed_data()
 {
-    open();
-    QCOMPARE(m_screen->windowTitle(), QString("Strathmark 2017 - Competitors"));
-    QCOMPARE(grid()->columnCount(), 25);
-    QCOMPARE(grid()->Text(0, 1), QString("Num"));
-    QCOMPARE(grid()->Text(0, 8), QString("ZIP"));
-    QCOMPARE(grid()->Text(0, 16), QString("Field4"));
-    QCOMPARE(grid()->Text(0, 24), QString("GRP8"));
-    QVERIFY(grid()->isColumnHidden(0) || grid()->columnWidth(0) == 0);
-    QCOMPARE(shownNumbers(), QList<int>({3, 2, 1}));
-    QCOMPARE(grid()->Text(rowOf(2), First_Event + 1), QString("CH"));
-    QVERIFY(m_screen->CmdViewSearch->isEnabled());
-    QVERIFY(!m_screen->FrameAG->isVisible());
-    QVERIFY(!m_screen->FrameSearch->isVisible());
-    QVERIFY(m_screen->Event_List_Loaded());
-    QVERIFY(!m_screen->Dirty());
-    // An empty competition leaves the search button as the form has it.
-    m_screen->close();
-    Current_Competition_Id = Fixture::Competition(m_conn, "Empty");
-    open();
-    QVERIFY(!m_screen->CmdViewSearch->isEnabled());
-    m_screen->close();
-    QVERIFY(!m_screen->Event_List_Loaded());
-}
-
-void TestScreen::number_cell_messages()
-{
-    open();
-    struct Case { const char *typed; const char *text; const char *title; };
-    const QList<Case> cases = {
-        {"12.5", "Invalid number!", "Invalid Data"},
-        {"+12", "Invalid number!", "Invalid Data"},
-        {"twelve", "Invalid Number! Re-enter or Hit <Escape> to exit", "Data Error"},
-        {"40000", "Invalid Number! Re-enter or Hit <Escape> to exit", "Data Error"},
-        {"", "Number is required! If you wish to delete this record, enter a value 0 into the field!", "Missing Data"},
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<QString>("expect");
+    const QString invalid = "Invalid Number! Re-enter or Hit <Escape> to exit";
+    auto dancer = [](int n, const char *field) {
+        return QString("sql SELECT ifnull(%1, 'NULL') FROM competitors WHERE competitor_id IS %2=").arg(field).arg(n);
     };
-    for (const Case &c : cases) {
-        Dialogs::clearRecords();
-        enter(rowOf(3), Number, c.typed);
-        QCOMPARE(Dialogs::records().size(), 1);
-        QCOMPARE(Dialogs::lastRecord().text, QString(c.text));
-        QCOMPARE(Dialogs::lastRecord().title, QString(c.title));
-        QVERIFY(m_screen->Editor_Open());   // the editor keeps the focus
-        QCOMPARE(QApplication::focusWidget(), m_screen->txtEdit);
-        press(Qt::Key_Escape);
-    }
-    // 0 passes: the row stays until cmdDel removes it.
-    Dialogs::clearRecords();
-    enter(rowOf(3), Number, "0");
-    QVERIFY(Dialogs::records().isEmpty());
-    QVERIFY(!m_screen->Editor_Open());
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
-    QCOMPARE(stored(0, "forename").toString(), QString("CARA"));
+    auto events = [](int n) {
+        return QString("sql SELECT group_concat(group_id) FROM (SELECT group_id FROM competitor_groups WHERE "
+                       "competitor_id IS %1 ORDER BY rowid)=").arg(n);
+    };
+    for (const QStringList &c : {QStringList{"12.5", "Invalid number!", "Invalid Data"},
+                                 {"+12", "Invalid number!", "Invalid Data"}, {"twelve", invalid, "Data Error"},
+                                 {"40000", invalid, "Data Error"}})
+        QTest::addRow("number %s", qPrintable(c[0])) << QString("@1,1|>{Del}%1\t").arg(c[0])
+            << QString("nboxes=1;box=%1;title=%2;focus=editor").arg(c[1], c[2]);
+    QTest::newRow("number empty") << "@1,1|>{Del}\t"
+        << "box=Number is required! If you wish to delete this record, enter a value 0 into the field!;title=Missing Data;focus=editor";
+    QTest::newRow("number 0 passes, the row stays") << "@1,1|>{Del}0\t|!CmdSave" << dancer(0, "forename") + "CARA";
+    QTest::newRow("forename empty") << "@2,2|>{Del}\t" << "title=Missing Data;focus=editor";
+    QTest::newRow("age below 0") << "@2,4|>{Del}-4\t" << "box=Value must be positive!;focus=editor";
+    QTest::newRow("event not of the competition") << "@2,19|>{Del}ZZ\t" << "box=Invalid event! Use 'F2' for list;title=Invalid Data";
+    QTest::newRow("postcode in capitals, fee with a fraction") << "@2,8|>{Del}ab1 2cd\t|@2,9|>{Del}12.5\t"
+        << "boxes=;cell 2,8=AB1 2CD;cell 2,9=12.5";
+    QTest::newRow("F2 below column 8: the plain editor") << "@3,2|>{F2}" << "editor=Amy;shown FrameAG=0";
+    QTest::newRow("F2 from column 8 on lists the events") << "@3,11|>{F2}" << "shown FrameAG=1";
+    QTest::newRow("F2, the event chosen, lands in the cell") << "@3,18|>{F2}|!LstAG: Under 10|>\t|!CmdSave"
+        << events(1) + "A1,B2;" + dancer(1, "group_id2") + "B2;box=Changes Saved!";
+    QTest::newRow("F2 marks the row even without a choice") << "@2,20|>{F2}|!CmdGroupCancel|!CmdSave"
+        << "shown FrameAG=0;" + dancer(2, "surname") + "ABEL;" + dancer(1, "surname") + "Watt";
+    QTest::newRow("an emptied event cell leaves the events") << "@2,17|>{Del}|>\n|!CmdSave"
+        << events(2) + "CH;" + dancer(2, "group_id1") + "NULL";
+    QTest::newRow("a new row typed and saved") << "!CmdAdd|>7\t|>Mhairi\t|>O'Brien\t|@4,17|>a1\t|!CmdSave"
+        << dancer(7, "surname") + "O'Brien;" + events(7) + "A1;cell 1,1=7;dirty=0";
+    QTest::newRow("a cut is lost at the refresh after a save") << "@3,3|>{Ctrl+X}|@1,12|>{Del}paid\t|!CmdSave"
+        << "cell 3,3=Watt;" + dancer(1, "surname") + "Watt;" + dancer(3, "notes") + "paid";
+    QTest::newRow("a broken search keeps the grid usable") << "!CmdViewSearch|!SearchNo|>abc|!CmdSearch|@3,12|>{Del}still\t|!CmdSave"
+        << "cell 1,1=3;" + dancer(1, "notes") + "still";
 }
 
-void TestScreen::other_cells_refuse_with_their_boxes()
+void TestScreen::typed()
 {
-    open();
-    const int r = rowOf(2);
-    enter(r, Forename, "");
-    QCOMPARE(Dialogs::lastRecord().title, QString("Missing Data"));
-    press(Qt::Key_Escape);
-    enter(r, Age, "-4");
-    QCOMPARE(Dialogs::lastRecord().text, QString("Value must be positive!"));
-    press(Qt::Key_Escape);
-    enter(r, First_Event + 2, "ZZ");
-    QCOMPARE(Dialogs::lastRecord().text, QString("Invalid event! Use 'F2' for list"));
-    QCOMPARE(Dialogs::lastRecord().title, QString("Invalid Data"));
-    press(Qt::Key_Escape);
-    Dialogs::clearRecords();
-    enter(r, Postcode, "ab1 2cd");
-    QVERIFY(Dialogs::records().isEmpty());
-    QCOMPARE(grid()->Text(r, Postcode), QString("AB1 2CD"));
-    enter(r, Fee, "12.5");
-    QCOMPARE(grid()->Text(r, Fee), QString("12.5"));
-    QVERIFY(Dialogs::records().isEmpty());
-}
-
-void TestScreen::f2_lists_events_and_the_code_lands_in_the_cell()
-{
-    open();
-    const int r = rowOf(1);
-    go(r, Forename);
-    press(Qt::Key_F2);   // below column 8: the plain editor
-    QVERIFY(m_screen->Editor_Open());
-    QVERIFY(!m_screen->FrameAG->isVisible());
-    press(Qt::Key_Escape);
-
-    go(r, First_Event + 1);
-    press(Qt::Key_F2);
-    QVERIFY(m_screen->FrameAG->isVisible());
-    QCOMPARE(m_screen->FrameAG->title(), QString("Select Event"));
-    QCOMPARE(m_screen->LstAG->count(), 3);
-    QCOMPARE(m_screen->LstAG->item(0)->text(), QString(" Open"));
-    QListWidgetItem *item = m_screen->LstAG->item(1);   // " Under 10"
-    QTest::mouseClick(m_screen->LstAG->viewport(), Qt::LeftButton, {},
-                      m_screen->LstAG->visualItemRect(item).center());
-    QVERIFY(!m_screen->FrameAG->isVisible());
-    QCOMPARE(grid()->Text(r, First_Event + 1), QString("B2"));
-    QVERIFY(m_screen->Editor_Open());
-    QCOMPARE(m_screen->txtEdit->text(), QString("B2"));
-    press(Qt::Key_Tab);
-
-    // From column 8 on, any column takes the code, even the town's neighbour.
-    go(r, 11);
-    press(Qt::Key_F2);
-    QVERIFY(m_screen->FrameAG->isVisible());
-    QTest::mouseClick(m_screen->CmdGroupCancel, Qt::LeftButton);
-    QVERIFY(!m_screen->FrameAG->isVisible());
-
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
-    QCOMPARE(events(1), QStringList({"A1", "B2"}));
-    QCOMPARE(stored(1, "group_id2").toString(), QString("B2"));
-    QCOMPARE(Dialogs::lastRecord().text, QString("Changes Saved!"));
-}
-
-void TestScreen::f2_marks_the_row_even_without_a_choice()
-{
-    open();
-    go(rowOf(2), First_Event + 3);
-    press(Qt::Key_F2);
-    QTest::mouseClick(m_screen->CmdGroupCancel, Qt::LeftButton);
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
-    QCOMPARE(stored(2, "surname").toString(), QString("ABEL"));   // written again: upper case
-    QCOMPARE(stored(1, "surname").toString(), QString("Watt"));   // not marked, not written
-}
-
-void TestScreen::emptied_event_cell_leaves_the_events_at_save()
-{
-    open();
-    const int r = rowOf(2);
-    go(r, First_Event);
-    press(Qt::Key_Delete);
-    QVERIFY(m_screen->Editor_Open());
-    QVERIFY(m_screen->txtEdit->text().isEmpty());
-    press(Qt::Key_Return);
-    QVERIFY(!m_screen->Editor_Open());
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
-    QCOMPARE(events(2), QStringList({"CH"}));
-    QVERIFY(stored(2, "group_id1").isNull());
-}
-
-void TestScreen::new_row_typed_and_saved()
-{
-    open();
-    QTest::mouseClick(m_screen->CmdAdd, Qt::LeftButton);
-    const int r = grid()->rowCount() - 1;
-    QCOMPARE(grid()->Text(r, 0), QString::number(m_comp));
-    QVERIFY(m_screen->Editor_Open());
-    type("7");
-    press(Qt::Key_Tab);
-    type("Mhairi");
-    press(Qt::Key_Tab);
-    type("O'Brien");
-    press(Qt::Key_Tab);
-    go(r, First_Event);
-    type("a1");
-    press(Qt::Key_Tab);
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
-    QCOMPARE(stored(7, "surname").toString(), QString("O'Brien"));
-    QCOMPARE(events(7), QStringList({"A1"}));
-    QCOMPARE(shownNumbers(), QList<int>({7, 3, 2, 1}));
-    QVERIFY(!m_screen->Dirty());
-}
-
-void TestScreen::cut_is_lost_at_the_refresh_after_a_save()
-{
-    open();
-    go(rowOf(1), Surname);
-    press(Qt::Key_X, Qt::ControlModifier);
-    QCOMPARE(grid()->Text(rowOf(1), Surname), QString());
-    enter(rowOf(3), Notes, "paid");
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
-    QCOMPARE(grid()->Text(rowOf(1), Surname), QString("Watt"));
-    QCOMPARE(stored(1, "surname").toString(), QString("Watt"));
-    QCOMPARE(stored(3, "notes").toString(), QString("paid"));
+    QFETCH(QString, script);
+    run(script);
+    QFETCH(QString, expect);
+    Check_State(m_screen.get(), m_conn, expect);
 }
 
 void TestScreen::search_filters_and_keeps_the_statement()
 {
-    open();
     search([&] {
         QCOMPARE(QApplication::focusWidget(), m_screen->SearchNo);
         m_screen->SearchAgeFrom->setText("8");   // From alone: that age only
@@ -375,29 +159,26 @@ void TestScreen::search_filters_and_keeps_the_statement()
     });
     QCOMPARE(shownNumbers(), QList<int>({3}));
     // A save refreshes with the search.
-    enter(1, Notes, "found");
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
+    run("@1,12|>{Del}found\t|!CmdSave");
     QCOMPARE(shownNumbers(), QList<int>({3}));
-    QCOMPARE(stored(3, "notes").toString(), QString("found"));
+    QCOMPARE(m_conn.scalar("SELECT notes FROM competitors WHERE competitor_id = 3").toString(), QString("found"));
     search([&] { m_screen->SearchTeacher->setText("x"); });
     QCOMPARE(shownNumbers(), QList<int>());
-    QTest::mouseClick(m_screen->CmdViewSearch, Qt::LeftButton);
-    QTest::mouseClick(m_screen->CmdCancelSearch, Qt::LeftButton);
+    run("!CmdViewSearch|!CmdCancelSearch");
     QVERIFY(!m_screen->FrameSearch->isVisible());
 }
 
 void TestScreen::registered_all_keeps_the_earlier_filter_until_reopened()
 {
-    open();
     auto choose = [&](const QString &text) {
         const int i = m_screen->Search_Registered->findText(text);
         m_screen->Search_Registered->setCurrentIndex(i);
         m_screen->Search_Registered->activated(i);
     };
-    QTest::mouseClick(m_screen->CmdViewSearch, Qt::LeftButton);
-    choose("Registered");
-    choose("All");
-    QTest::mouseClick(m_screen->CmdSearch, Qt::LeftButton);
+    search([&] {
+        choose("Registered");
+        choose("All");
+    });
     QCOMPARE(shownNumbers(), QList<int>({3, 1}));
     search([&] { choose("Not Registered"); });
     QCOMPARE(shownNumbers(), QList<int>());
@@ -407,56 +188,23 @@ void TestScreen::registered_all_keeps_the_earlier_filter_until_reopened()
     QCOMPARE(shownNumbers(), QList<int>({3, 2, 1}));
 }
 
-void TestScreen::winners_only_of_an_event()
-{
-    for (auto [n, placing] : {std::pair{2, 1}, std::pair{3, 7}})
-        m_conn.execute("INSERT INTO highland_results(competition_id, group_id, competitor_id, placing) VALUES (?, 'CH', ?, ?)",
-                       {m_comp, n, placing});
-    open();
-    search([&] {
-        m_screen->Combo1->activated(0);
-        m_screen->chk_winners->setChecked(true);
-    });
-    QCOMPARE(shownNumbers(), QList<int>({2}));
-    QCOMPARE(m_screen->chk_winners->text(), QString("Show Champ Winners Only"));
-    QCOMPARE(m_screen->chk_winners->toolTip(), QString("Show top 6 in championship only"));
-    search([&] { m_screen->chk_winners->setChecked(true); });   // no event: any result
-    QCOMPARE(shownNumbers(), QList<int>({3, 2}));
-}
-
-void TestScreen::a_broken_search_keeps_the_grid_usable()
-{
-    open();
-    search([&] { m_screen->SearchNo->setText("abc"); });
-    QCOMPARE(Dialogs::lastRecord().title, QString("Invalid Data"));
-    QCOMPARE(shownNumbers(), QList<int>({3, 2, 1}));
-    enter(rowOf(1), Notes, "still saves");
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
-    QCOMPARE(stored(1, "notes").toString(), QString("still saves"));
-}
-
 void TestScreen::delete_removes_record_and_results()
 {
     for (const char *t : {"dance_results", "highland_results", "judges_results", "overall_dance_results", "tie_break",
                           "comp_judges_results", "overall_results", "national_results"})
         m_conn.execute(QString("INSERT INTO %1(competition_id, group_id, competitor_id) VALUES (?, 'CH', 2)").arg(t),
                        {m_comp});
-    open();
-    go(rowOf(2), Surname);
-    grid()->setItem(0, 3, new QTableWidgetItem("x"));   // captions come back after every click
-    Dialogs::queueAnswer(vbNo);
-    QTest::mouseClick(m_screen->cmdDel, Qt::LeftButton);
+    m_screen->MSFlexGrid1->setItem(0, 3, new QTableWidgetItem("x"));   // captions come back after every click
+    run("@2,3|?7|!cmdDel");
     QCOMPARE(Dialogs::lastRecord().text,
              QString("Are you sure you want to delete entry? \nIt will also delete entry from any results."));
     QCOMPARE(Dialogs::lastRecord().title, QString("Deletion Confirmation"));
-    QCOMPARE(grid()->Text(0, 3), QString("Surname"));
+    QCOMPARE(m_screen->Cell(0, 3), QString("Surname"));
     QCOMPARE(Fixture::Count(m_conn, "competitors"), 3);
 
-    go(rowOf(2), Surname);
-    Dialogs::queueAnswer(vbYes);
-    QTest::mouseClick(m_screen->cmdDel, Qt::LeftButton);
+    run("@2,3|?6|!cmdDel");
     QCOMPARE(shownNumbers(), QList<int>({3, 1}));
-    QVERIFY(stored(2, "forename").isNull());
+    QCOMPARE(Fixture::Count(m_conn, "competitors", "competitor_id = 2"), 0);
     QCOMPARE(Fixture::Count(m_conn, "competitor_groups", "competitor_id = 2"), 0);
     QCOMPARE(Fixture::Count(m_conn, "highland_results"), 0);
     QCOMPARE(Fixture::Count(m_conn, "tie_break"), 0);
@@ -472,16 +220,14 @@ void TestScreen::an_edit_past_row_1500_gets_the_handler_box()
             m_conn.execute("INSERT INTO competitors(competition_id, competitor_id, forename, surname) VALUES (?,?,'A','B')",
                            {m_comp, n});
     }
-    open();
-    QCOMPARE(grid()->rowCount(), 1502);
-    enter(1500, Notes, "fits");
+    m_screen = std::make_unique<frmCompetitors>();
+    run("@1500,12|>{Del}fits\t");
     QVERIFY(!m_screen->Editor_Open());
-    enter(1501, Notes, "no room");
+    run("@1501,12|>{Del}no room\t");
     QCOMPARE(Dialogs::lastRecord().text, QString("Invalid Number! Re-enter or Hit <Escape> to exit"));
     QCOMPARE(Dialogs::lastRecord().title, QString("Data Error"));
     QVERIFY(m_screen->Editor_Open());
-    press(Qt::Key_Escape);
-    QTest::mouseClick(m_screen->CmdSave, Qt::LeftButton);
+    run(">\x1b|!CmdSave");
     QCOMPARE(Dialogs::lastRecord().text, QString("Changes Saved!"));
     QCOMPARE(m_conn.scalar("SELECT notes FROM competitors WHERE competitor_id = 2").toString(), QString("fits"));
 }

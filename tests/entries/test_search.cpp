@@ -1,5 +1,4 @@
 #include "grid_rows.h"
-#include "entries/competitor_delete.h"
 #include "entries/competitor_search.h"
 
 #include "core/db.h"
@@ -17,12 +16,10 @@ class TestSearch : public QObject
 private slots:
     void init();
     void cleanup();
-    void plain_search_orders();
-    void text_and_number_filters();
-    void event_and_winners_statements();
+    void filters_and_orders_data();
+    void filters_and_orders();
     void search_rows_save_through_their_alias();
     void number_with_event_is_refused_by_the_store();
-    void delete_cascade_tables();
 
 private:
     QList<int> numbers(const Competitor_Search &s);
@@ -75,68 +72,49 @@ QList<int> TestSearch::numbers(const Competitor_Search &s)
     return out;
 }
 
-void TestSearch::plain_search_orders()
+void TestSearch::filters_and_orders_data()
 {
-    Competitor_Search s;
-    QCOMPARE(numbers(s), QList<int>({4, 3, 2, 1}));
-    s.order = Search_Order(3);
-    QCOMPARE(s.order, QString(" 2 ASC"));
-    QCOMPARE(numbers(s), QList<int>({1, 2, 3, 4}));
-    s.order = Search_Order(4);   // Surname!
-    QCOMPARE(numbers(s), QList<int>({2, 4, 3, 1}));
-    s.order = Search_Order(5);   // Age
-    QCOMPARE(numbers(s), QList<int>({1, 2, 3, 4}));
-    s.order = Search_Order(11);  // "Group" sorts by the date received
-    QCOMPARE(numbers(s), QList<int>({2, 3, 1, 4}));
-    QCOMPARE(Search_Order(2), QString("2 DESC"));
+    QTest::addColumn<QStringList>("search");   // field=value; order=n is the item of SearchOrder
+    QTest::addColumn<QList<int>>("found");
+    QTest::newRow("plain, highest first") << QStringList{} << QList<int>{4, 3, 2, 1};
+    QTest::newRow("by number") << QStringList{"order=3"} << QList<int>{1, 2, 3, 4};
+    QTest::newRow("by surname") << QStringList{"order=4"} << QList<int>{2, 4, 3, 1};
+    QTest::newRow("by age") << QStringList{"order=5"} << QList<int>{1, 2, 3, 4};
+    QTest::newRow("Group sorts by the date received") << QStringList{"order=11"} << QList<int>{2, 3, 1, 4};
+    QTest::newRow("number") << QStringList{"number=3"} << QList<int>{3};
+    QTest::newRow("forename, any case") << QStringList{"forename=A"} << QList<int>{4, 3, 1};
+    QTest::newRow("forename inside") << QStringList{"forename=ET"} << QList<int>{2};
+    QTest::newRow("surname") << QStringList{"surname=ai"} << QList<int>{3};
+    QTest::newRow("teacher") << QStringList{"teacher=gra"} << QList<int>{3, 1};
+    QTest::newRow("teacher with a quote") << QStringList{"teacher=O'Neil"} << QList<int>{};
+    QTest::newRow("event") << QStringList{"groupCode=CH"} << QList<int>{4, 3, 2};
+    QTest::newRow("event and age") << QStringList{"groupCode=CH", "ageFrom=9"} << QList<int>{3};
+    QTest::newRow("winners: top six of the event") << QStringList{"groupCode=CH", "winnersOnly=1"} << QList<int>{4, 2};
+    QTest::newRow("winners of any event, placed or not") << QStringList{"winnersOnly=1"} << QList<int>{4, 3, 2, 1};
+    QTest::newRow("winners and surname") << QStringList{"winnersOnly=1", "surname=abel"} << QList<int>{2};
 }
 
-void TestSearch::text_and_number_filters()
+void TestSearch::filters_and_orders()
 {
-    Competitor_Search s;
-    s.number = "3";
-    QCOMPARE(numbers(s), QList<int>({3}));
-    s = {};
-    s.forename = "A";   // LIKE is case-blind
-    QCOMPARE(numbers(s), QList<int>({4, 3, 1}));
-    s.forename = "ET";
-    QCOMPARE(numbers(s), QList<int>({2}));
-    s = {};
-    s.surname = "ai";
-    QCOMPARE(numbers(s), QList<int>({3}));
-    s = {};
-    s.teacher = "gra";
-    QCOMPARE(numbers(s), QList<int>({3, 1}));
-    s.teacher = "O'Neil";
-    QCOMPARE(numbers(s), QList<int>());
-}
-
-void TestSearch::event_and_winners_statements()
-{
-    auto result = [&](int n, int placing) {
+    QFETCH(QStringList, search);
+    for (const auto &[n, placing, code, c] : {std::tuple{2, 1, "CH", comp}, {3, 7, "CH", comp}, {4, 6, "CH", comp},
+                                               {1, 1, "A1", comp}, {2, 1, "CH", other}})
         conn.execute("INSERT INTO highland_results(competition_id, group_id, competitor_id, placing) VALUES (?,?,?,?)",
-                     {comp, "CH", n, placing});
-    };
-    result(2, 1);
-    result(3, 7);
-    result(4, 6);
-    conn.execute("INSERT INTO highland_results(competition_id, group_id, competitor_id, placing) VALUES (?,?,?,?)",
-                 {comp, "A1", 1, 1});
-    conn.execute("INSERT INTO highland_results(competition_id, group_id, competitor_id, placing) VALUES (?,?,?,?)",
-                 {other, "CH", 2, 1});
-
+                     {c, code, n, placing});
     Competitor_Search s;
-    s.groupCode = "CH";
-    QCOMPARE(numbers(s), QList<int>({4, 3, 2}));
-    s.ageFrom = "9";
-    QCOMPARE(numbers(s), QList<int>({3}));
-    s.ageFrom.clear();
-    s.winnersOnly = true;   // top six of the event only
-    QCOMPARE(numbers(s), QList<int>({4, 2}));
-    s.groupCode.clear();    // any result of any event, placed or not
-    QCOMPARE(numbers(s), QList<int>({4, 3, 2, 1}));
-    s.surname = "abel";
-    QCOMPARE(numbers(s), QList<int>({2}));
+    for (const QString &f : search) {
+        const QString v = f.section('=', 1);
+        QString *field = f.startsWith("number") ? &s.number : f.startsWith("forename") ? &s.forename
+                       : f.startsWith("surname") ? &s.surname : f.startsWith("teacher") ? &s.teacher
+                       : f.startsWith("groupCode") ? &s.groupCode : f.startsWith("ageFrom") ? &s.ageFrom : nullptr;
+        if (field)
+            *field = v;
+        if (f.startsWith("order"))
+            s.order = Search_Order(v.toInt());
+        if (f.startsWith("winnersOnly"))
+            s.winnersOnly = true;
+    }
+    QTEST(numbers(s), "found");
 }
 
 void TestSearch::search_rows_save_through_their_alias()
@@ -166,33 +144,6 @@ void TestSearch::number_with_event_is_refused_by_the_store()
     s.groupCode = "CH";
     s.number = "3";
     QVERIFY_THROWS_EXCEPTION(DbError, numbers(s));
-}
-
-void TestSearch::delete_cascade_tables()
-{
-    const QStringList cleared = {"dance_results", "highland_results", "judges_results", "overall_dance_results",
-                                 "tie_break", "competitor_groups"};
-    const QStringList kept = {"comp_judges_results", "national_results", "overall_results"};
-    for (short c : {comp, other})
-        for (int n : {2, 3})
-            for (const QString &t : cleared + kept)
-                conn.execute("INSERT INTO " + t + "(competition_id, group_id, competitor_id) VALUES (?, 'CH', ?)", {c, n});
-    const int before = Fixture::Count(conn, "competitor_groups");
-
-    Delete_Dependents(conn, comp, "");   // a row never saved: nothing
-    QCOMPARE(Fixture::Count(conn, "competitor_groups"), before);
-
-    Delete_Dependents(conn, comp, "2");
-    QVERIFY(!conn.inTransaction());
-    for (const QString &t : cleared) {
-        QCOMPARE(Fixture::Count(conn, t, QString("competition_id = %1 AND competitor_id = 2").arg(comp)), 0);
-        QVERIFY2(Fixture::Count(conn, t, QString("competition_id = %1 AND competitor_id = 3").arg(comp)) > 0, qPrintable(t));
-        QVERIFY2(Fixture::Count(conn, t, QString("competition_id = %1 AND competitor_id = 2").arg(other)) > 0, qPrintable(t));
-    }
-    for (const QString &t : kept)
-        QVERIFY2(Fixture::Count(conn, t, QString("competition_id = %1 AND competitor_id = 2").arg(comp)) > 0, qPrintable(t));
-    QCOMPARE(Delete_Competitor_Question(),
-             QString("Are you sure you want to delete entry? \nIt will also delete entry from any results."));
 }
 
 QTEST_MAIN(TestSearch)

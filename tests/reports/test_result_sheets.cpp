@@ -213,7 +213,6 @@ private slots:
         other.execute("ALTER TABLE dances_gone RENAME TO dances");
 
         FrmReports lineups;
-        QCOMPARE(lineups.windowTitle(), App_Title + " - Line up sheets");
         QCOMPARE(lineups.LstGroup->item(0)->text(), QString("Open "));
         lineups.LstGroup->setCurrentRow(3);
         lineups.LstGroup_Click();

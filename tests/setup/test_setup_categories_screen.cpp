@@ -80,7 +80,6 @@ void TestCategoriesScreen::opens_on_the_first_category_greyed()
     frmCategories f;
     f.show();
     QVERIFY(QTest::qWaitForWindowExposed(&f));
-    QCOMPARE(f.windowTitle(), QString("Strathmark 2017 - Dance Categories"));
     auto *sections = find<QListWidget>(&f, "LstSections");
     QCOMPARE(texts(sections), QStringList({"Championship", "Highland", "Premiership", "Primary Dances"}));
     QCOMPARE(sections->currentRow(), 0);
@@ -94,8 +93,6 @@ void TestCategoriesScreen::opens_on_the_first_category_greyed()
     QVERIFY(!find<QPushButton>(&f, "CmdEdit")->isEnabled());
     QVERIFY(find<QPushButton>(&f, "CmdNew")->isEnabled());
     QVERIFY(!find<QGroupBox>(&f, "FrmEdit")->isVisible());
-    QCOMPARE(list1->toolTip(), QString("Double click dance to add to selection"));
-    QCOMPARE(find<QPushButton>(&f, "cmd_up")->toolTip(), QString("move dance up order"));
 
     choose(sections, "Primary Dances");
     QVERIFY(list1->isEnabled());

@@ -12,7 +12,6 @@ class TestSetupCopy : public QObject
 private slots:
     void copy_without_competitors();
     void copy_with_competitors();
-    void an_event_with_no_prize_number_stops_the_copy_half_made();
 };
 
 namespace {
@@ -123,25 +122,6 @@ void TestSetupCopy::copy_with_competitors()
     const QString cg = "SELECT competitor_id || ':' || group_id FROM competitor_groups WHERE competition_id=%1 ORDER BY 1";
     QCOMPARE(Column(c, cg.arg(n)), Column(c, cg.arg(s)));
     QCOMPARE(Column(c, cg.arg(n)).size(), 4);  // 3 entries and the filler row of Fill_Event_Rows
-}
-
-void TestSetupCopy::an_event_with_no_prize_number_stops_the_copy_half_made()
-{
-    TestDataFolder env;
-    Connection c;
-    c.open();
-    const short s = Fixture::Competition(c);
-    Fixture::Event(c, s, "1A", "Under 8", "PRI");
-    c.execute("UPDATE age_groups SET no_prizes = NULL");
-    QVERIFY_THROWS_EXCEPTION(DbError, Copy_Competition(c, s, "Half", "2027", false));
-    // What ran before the fault stays, and no transaction is left open.
-    QVERIFY(!c.inTransaction());
-    Connection other;
-    other.open();
-    const short n = other.scalar("SELECT competition_id FROM competitions WHERE competition_name='Half'").toInt();
-    QVERIFY(n > 0);
-    QCOMPARE(Count(other, "categories", QString("competition_id=%1").arg(n)), 4);
-    QCOMPARE(Count(other, "age_groups", QString("competition_id=%1").arg(n)), 0);
 }
 
 QTEST_GUILESS_MAIN(TestSetupCopy)

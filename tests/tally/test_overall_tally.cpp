@@ -14,7 +14,6 @@ private slots:
     void split_overall_by_dance_id();
     void event_with_nobody_placed();
     void from_marks_to_overall();
-    void pause_is_shown_in_twenty_steps();
 };
 
 void TestOverallTally::sums_place_points_and_keeps_ties_at_the_cut()
@@ -173,22 +172,6 @@ void TestOverallTally::from_marks_to_overall()
     QCOMPARE(ev.rows("overall_results"),
              QStringList({"101 1[] 137", "102 2[] 91", "103 3[] 71", "104 4[] 53", "106 5[] 37", "105 6[=] 23",
                           "107 6[=] 23", "108 6[=] 23"}));
-}
-
-void TestOverallTally::pause_is_shown_in_twenty_steps()
-{
-    Tally_Event ev;
-    QList<int> values;
-    QSet<int> maxima;
-    Recalc_Overall(ev.conn, Read_Overall_Settings(ev.conn), [&](int value, int max) {
-        values << value;
-        maxima << max;
-    });
-    QList<int> expected;
-    for (int i = 0; i <= 20; ++i)
-        expected << i;
-    QCOMPARE(values, expected);
-    QCOMPARE(maxima, QSet<int>({20}));
 }
 
 QTEST_GUILESS_MAIN(TestOverallTally)

@@ -2,7 +2,6 @@
 // checks of its screen; what is stored is never lost by a failed save.
 #include "entries/frmCompetitors.h"
 #include "setup/FrmEvents.h"
-#include "setup/category_logic.h"
 #include "setup/frmgroups.h"
 #include "tally/competition/screen/FrmTallyComp.h"
 #include "tally/three_judge/screen/three_judge_screen.h"

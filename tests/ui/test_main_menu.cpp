@@ -14,13 +14,10 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QtTest>
 
 namespace {
@@ -67,64 +64,14 @@ class TestMainMenu : public QObject
 {
     Q_OBJECT
 private slots:
-    void menu_tree_in_order();
-    void items_without_a_screen_stay_disabled_until_registered();
     void guard_on_a_fresh_file_opens_competitions();
     void guard_with_competitions_opens_the_selection();
     void selected_competition_opens_the_target_and_stamps();
     void screens_open_full_size_several_at_once_and_esc_closes();
-    void a_screen_that_names_itself_in_the_title_gives_it_back();
     void selection_list_in_name_order_and_click_selects();
-    void help_and_about();
     void grid_screen_under_the_menu_keeps_its_editor_on_a_refused_click();
     void a_screen_whose_save_fails_keeps_the_program_running();
 };
-
-void TestMainMenu::menu_tree_in_order()
-{
-    TestDataFolder env;
-    frmMain main;
-    QStringList tree;
-    for (QAction *m : main.menuBar()->actions()) {
-        tree << m->menu()->objectName() + " " + m->text();
-        for (QAction *a : m->menu()->actions())
-            tree << (a->isSeparator() ? "  - " + a->objectName() : "  " + a->objectName() + " " + a->text());
-    }
-    const QStringList expected = {
-        "mnuFile &File", "  mnuFilePageSetup Page Set&up...", "  mnuFilePrint &Print...", "  mnuFileExit E&xit",
-        "mnuEdit &Edit", "  mnuEditCut Cu&t", "  mnuEditCopy &Copy", "  mnuEditPaste &Paste",
-        "mnuMain &Tallier", "  mnuCompetition &Competition", "  mnuTallier &Championship",
-        "  mnuTallierPrem &Premiership",
-        "mnuAdmin &Admin", "  mnuCompetitionWizard &New Competition Wizard",
-        "  mnuSelectCompetition &Select Competition", "  - mnublank0", "  mnuevents &Competitions", "  - mnublank",
-        "  mnusections &Dance Categories", "  mnudances &Dances", "  - mnublank1", "  mnuAgeGroup &Events",
-        "  mnujudges &Judges", "  mnucompetitors &Competitors", "  mnusplit &Split Events by Age", "  - mnublank2",
-        "  mnutrophy &Trophy Wizard", "  - mnublank7", "  mnubackup &Backup", "  mnurestore &Restore",
-        "  - mnublank3", "  mnusettings &System Settings", "  - mnublank5", "  mnuImport &Import Delimited Data",
-        "mnuReports &Reports", "  mnustewards &Line up sheets", "  mnuteachers &Teachers Trophy",
-        "  mnuoverall &Overall Trophies", "  mnuHTML &Generate HTML", "  mnubrogard &Generate Brogard",
-        "mnureg &Registration", "  mnuregistration &Register Competitors",
-        "  mnuonlinereg &Check Online Registrations",
-        "mnuHelp &Help", "  mnuHelpSearchForHelpOn &Search For Help On...", "  - mnublank4",
-        "  mnuHelpAbout &About ",
-    };
-    QCOMPARE(tree, expected);
-}
-
-void TestMainMenu::items_without_a_screen_stay_disabled_until_registered()
-{
-    TestDataFolder env;
-    frmMain main;
-    QVERIFY(main.Menu_Action("mnuSelectCompetition")->isEnabled());
-    QVERIFY(main.Menu_Action("mnuHelpAbout")->isEnabled());
-    QVERIFY(main.Menu_Action("mnuEditCut")->isEnabled());
-    QVERIFY(!main.Menu_Action("mnubrogard")->isEnabled());
-    // A disabled item does nothing, not even the guard.
-    main.Menu_Action("mnubrogard")->trigger();
-    QVERIFY(Dialogs::records().isEmpty());
-    frmMain::Register_Screen("mnubrogard", [] { return new PlainScreen("frmbrogard"); });
-    QVERIFY(main.Menu_Action("mnubrogard")->isEnabled());
-}
 
 void TestMainMenu::guard_on_a_fresh_file_opens_competitions()
 {
@@ -201,28 +148,6 @@ void TestMainMenu::selected_competition_opens_the_target_and_stamps()
     QVERIFY(lastUpdate() > QString("2026"));
 }
 
-void TestMainMenu::a_screen_that_names_itself_in_the_title_gives_it_back()
-{
-    TestDataFolder env;
-    registerStandIns();
-    // As the championship mark screen does when it opens.
-    frmMain::Register_Screen("mnuTallier", [] {
-        QApplication::activeWindow()->setWindowTitle(App_Title + " - Tallier Championship");
-        return new PlainScreen("FrmTallyChamp");
-    });
-    frmMain main;
-    main.show();
-    QVERIFY(QTest::qWaitForWindowActive(&main));
-    auto own = [&main] { return main.windowTitle().section(" - [", 0, 0); };
-    Screen *marks = static_cast<Screen *>(main.Open_Screen("mnuTallier"));
-    QTRY_COMPARE(own(), App_Title + " - Tallier Championship");
-    // Over another screen, and once the mark screen has closed, the title is the program's own.
-    main.Open_Screen("mnudances");
-    QTRY_COMPARE(own(), App_Title);
-    marks->Unload();
-    QTRY_COMPARE(main.windowTitle(), App_Title + " - [frmdances]");
-}
-
 void TestMainMenu::screens_open_full_size_several_at_once_and_esc_closes()
 {
     TestDataFolder env;
@@ -297,25 +222,6 @@ void TestMainMenu::selection_list_in_name_order_and_click_selects()
     QVERIFY(!screen.isVisible());
     QVERIFY(!screen.conn().isOpen());
     QVERIFY(Dialogs::records().isEmpty());
-}
-
-void TestMainMenu::help_and_about()
-{
-    TestDataFolder env;
-    frmMain main;
-    main.show();
-    main.Menu_Action("mnuHelpSearchForHelpOn")->trigger();
-    QCOMPARE(Dialogs::texts(),
-             QStringList{"Unable to display Help Contents. There is no Help associated with this project."});
-    QCOMPARE(Dialogs::lastRecord().style, int(vbInformation));
-
-    main.Menu_Action("mnuHelpAbout")->trigger();
-    QWidget *about = main.findChild<QWidget *>("frmAbout");
-    QVERIFY(about && about->isVisible());
-    const QString version = about->findChild<QLabel *>("lblVersion")->text();
-    QVERIFY2(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$").match(version).hasMatch(), qPrintable(version));
-    QCOMPARE(about->findChild<QLabel *>("lblTitle")->text(), App_Title);
-    about->close();
 }
 
 void TestMainMenu::grid_screen_under_the_menu_keeps_its_editor_on_a_refused_click()

@@ -128,11 +128,4 @@ inline void Select_Event(ThreeJudgeScreen &s, const QString &text)
     Click_Item(s.LstGroup, row);
 }
 
-inline void Shot(QWidget &w, const QString &name)
-{
-    const QString dir = qEnvironmentVariable("THREESCREEN_SHOTS");
-    if (!dir.isEmpty())
-        w.grab().save(dir + "/" + name);
-}
-
 } // namespace Drive

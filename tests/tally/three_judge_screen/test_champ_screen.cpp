@@ -68,12 +68,6 @@ void TestChampScreen::championship_by_keys()
 
     ThreeJudgeScreen s(Championship_Kind());
     Open(s);
-    QCOMPARE(s.objectName(), QString("FrmTallyChamp"));
-    QCOMPARE(s.windowTitle(), QString("Tallier - Championship"));
-    QStringList captions;
-    for (const char *name : {"Cmd_Fling", "Cmd_Swords", "Cmd_ST", "Cmd_Reel"})
-        captions << s.findChild<QPushButton *>(name)->text();
-    QCOMPARE(captions, (QStringList{"Fling", "Swords", "Seann Truibhas", "Reel"}));
     QVERIFY(!s.Cmd_Tally->isEnabled());
     QVERIFY(!s.lst_filter->isEnabled());
     QCOMPARE(s.LstGroup->count(), 2);
@@ -84,7 +78,6 @@ void TestChampScreen::championship_by_keys()
     QVERIFY(s.Cmd_Tally->isEnabled());
     QCOMPARE(s.MSFlexGrid1->rowCount(), 8);
     QCOMPARE(Fixture::Count(conn, "judges_results", "group_id = 'C1'"), 28);
-    QCOMPARE(s.Frame5->title(), QString("Judges Results - Fling"));
 
     // Marks per dance, judge by judge, in dancer order 101 to 107.
     const QStringList first = {"90", "78", "85", "80", "75", "65", "60"};
@@ -134,7 +127,6 @@ void TestChampScreen::championship_by_keys()
         }
     }
     QCOMPARE(Current_Dance_Id, short(4));
-    QCOMPARE(s.Frame4->title(), QString("Reel Result"));
 
     // Stored: the "d" as -1, every judge of every dance.
     QCOMPARE(conn.scalar("SELECT points_awarded2 FROM judges_results WHERE group_id = 'C1' AND dance_id = 1 AND "
@@ -163,7 +155,6 @@ void TestChampScreen::championship_by_keys()
     QCOMPARE(fling.size(), 6);
     QCOMPARE(fling.last().value(1), QString("106"));
     QCOMPARE(s.MSFlexGrid1->Text(0, First_Judge_Column), QString("Bob Brown"));
-    Shot(s, "threescreen_championship.png");
 
     // Selecting the event again tallies it afresh, with the same result.
     conn.execute("DELETE FROM highland_results");
@@ -195,7 +186,6 @@ void TestChampScreen::dance_names()
     Click(s.cmd_edit_save);
     QVERIFY(!s.frm_edit_dances->isVisible());
     QCOMPARE(swords->text(), QString("Broadswords"));
-    QCOMPARE(swords->toolTip(), QString("Display Broadswords"));
     QCOMPARE(Fixture::Count(conn, "championship_dance_names"), 1);
     Click(swords);
     QCOMPARE(s.Frame5->title(), QString("Judges Results - Broadswords"));

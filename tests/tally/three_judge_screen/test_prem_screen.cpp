@@ -55,9 +55,6 @@ void TestPremScreen::premiership_by_keys()
 
     ThreeJudgeScreen s(Premiership_Kind());
     Open(s);
-    QCOMPARE(s.objectName(), QString("FrmTallyPrem"));
-    QCOMPARE(s.windowTitle(), QString("Tallier - Premiership"));
-    QCOMPARE(s.findChild<QPushButton *>("Cmd1")->text(), QString("Dance1"));
     QCOMPARE(Current_Dance_Id, short(-99));
     QCOMPARE(s.LstJudge[0]->item(0)->text(), QString("Allan Moira"));
     QCOMPARE(s.LstGroup->item(0)->text(), QString("Under 16 Premiership"));
@@ -79,8 +76,6 @@ void TestPremScreen::premiership_by_keys()
         captions << s.findChild<QPushButton *>(QString("Cmd%1").arg(n))->text();
     QCOMPARE(captions, (QStringList{"Trophy Fling", "Swords", "Seann Truibhas", "Reel"}));
     QCOMPARE(Current_Dance_Id, short(16));
-    QCOMPARE(s.Frame5->title(), QString("Judges Results - Trophy Fling"));
-    QVERIFY(s.findChild<QPushButton *>("Cmd1")->styleSheet().contains("bold"));
     QCOMPARE(Fixture::Count(conn, "judges_results", "group_id = 'P2'"), 32);
     QCOMPARE(Fixture::Count(conn, "judges_results", "group_id = 'P2' AND dance_id = 16"), 8);
     QVERIFY(s.lstnodancers->isEnabled());
@@ -102,7 +97,6 @@ void TestPremScreen::premiership_by_keys()
     }
     Click(s.Cmd_Tally);
     QCOMPARE(Current_Dance_Id, short(4));
-    QCOMPARE(s.Frame4->title(), QString("Reel Result"));
     QCOMPARE(Fixture::Count(conn, "judges_results_judges", "group_id = 'P2' AND dance_id = 16"), 3);
 
     const QList<QStringList> overall = Stored_Overall(conn, "P2");
@@ -115,7 +109,6 @@ void TestPremScreen::premiership_by_keys()
     Click(s.findChild<QPushButton *>("Cmd1"));
     QCOMPARE(Grid_Rows(s.GrdODR), Stored_Dance(conn, "P2", 16));
     QCOMPARE(s.MSFlexGrid1->Text(0, Last_Judge_Column), QString("Fiona Watt"));
-    Shot(s, "threescreen_premiership.png");
 
     // Another event keeps the dance; a small one counts for no trophy, under
     // dance ids 1 to 4 by number.
