@@ -185,7 +185,6 @@ void TestStartup::exit_from_the_menu_says_it_twice()
     Dialogs::clearRecords();
     QAction *exit = main->findChild<QAction *>("mnuFileExit");
     QVERIFY(exit);
-    QCOMPARE(exit->text(), QString("E&xit"));
     exit->trigger();
     QVERIFY(!main->isVisible());
     QCOMPARE(Dialogs::texts(), QStringList({COMPACTED, COMPACTED}));
