@@ -5,6 +5,7 @@
 #include "setup/frmJudges.h"
 #include "setup/frmdances.h"
 #include "setup/frmgroups.h"
+#include "support/screen_fixture.h"
 #include "support/screen_script.h"
 #include "support/test_env.h"
 
@@ -13,12 +14,12 @@
 
 using Fixture::Count;
 
-class TestSetupScreens : public QObject
+class TestSetupScreens : public QObject, protected Screen_Fixture<GridScreen>
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
+    void init() { start(); }
+    void cleanup() { stop(); }
 
     void typed_data();
     void typed();
@@ -31,29 +32,7 @@ private:
     GridScreen *open(const QString &form);
     // Rows of each table where gone holds: none after the delete; where kept holds: as many as before.
     void cascade(const QStringList &tables, const QString &gone, const QString &kept, const QString &script);
-
-    std::unique_ptr<TestDataFolder> m_env;
-    std::unique_ptr<Connection> m_conn;
-    std::unique_ptr<GridScreen> m_screen;
 };
-
-void TestSetupScreens::init()
-{
-    m_env = std::make_unique<TestDataFolder>();
-    m_conn = std::make_unique<Connection>();
-    m_conn->open();
-}
-
-void TestSetupScreens::cleanup()
-{
-    if (m_screen) {
-        m_screen->Set_Dirty(false);
-        m_screen->close();
-    }
-    m_screen.reset();
-    m_conn.reset();
-    m_env.reset();
-}
 
 GridScreen *TestSetupScreens::open(const QString &form)
 {

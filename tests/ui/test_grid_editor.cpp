@@ -1,6 +1,7 @@
 // The grid editor driven by keys, on a small screen built from it.
 #include "sample_grid.h"
 #include "support/fixtures.h"
+#include "support/screen_fixture.h"
 #include "support/screen_script.h"
 #include "support/test_env.h"
 #include "core/dialogs.h"
@@ -9,12 +10,12 @@
 #include <QScrollBar>
 #include <QtTest>
 
-class TestGridEditor : public QObject
+class TestGridEditor : public QObject, protected Screen_Fixture<frmSample>
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
+    void init() { start(); }
+    void cleanup() { stop(); }
 
     void keys_data();
     void keys();
@@ -23,29 +24,7 @@ private slots:
 
 private:
     void open(int competitions);
-
-    std::unique_ptr<TestDataFolder> m_env;
-    std::unique_ptr<Connection> m_conn;
-    std::unique_ptr<frmSample> m_screen;
 };
-
-void TestGridEditor::init()
-{
-    m_env = std::make_unique<TestDataFolder>();
-    m_conn = std::make_unique<Connection>();
-    m_conn->open();
-}
-
-void TestGridEditor::cleanup()
-{
-    if (m_screen) {
-        m_screen->Set_Dirty(false);
-        m_screen->close();
-    }
-    m_screen.reset();
-    m_conn.reset();
-    m_env.reset();
-}
 
 void TestGridEditor::open(int competitions)
 {
