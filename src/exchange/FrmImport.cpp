@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -70,17 +71,29 @@ FrmImport::FrmImport(QWidget *parent)
     grid->addWidget(chk_header, 2, 1, 1, 2);
     grid->addWidget(Check1, 3, 1, 1, 2);
     grid->addWidget(help, 4, 0, 1, 4);
-    grid->addWidget(List1, 5, 0);
-    grid->addWidget(List2, 5, 1);
-    grid->addWidget(List3, 5, 2);
-    grid->addWidget(CmdImport, 6, 3);
-    grid->addWidget(Command1, 5, 3, Qt::AlignBottom);
-    grid->addWidget(ProgressBar1, 6, 0, 1, 3);
-    grid->setRowStretch(5, 1);
+    const QStringList headings{QStringLiteral("Fields of your file"), QStringLiteral("Matched fields, in database order"),
+                               QStringLiteral("Database fields")};
+    for (int col = 0; col < 3; ++col)
+        grid->addWidget(new QLabel(headings[col], this), 5, col);
+    grid->addWidget(List1, 6, 0);
+    grid->addWidget(List2, 6, 1);
+    grid->addWidget(List3, 6, 2);
+    grid->addWidget(CmdImport, 7, 3);
+    grid->addWidget(Command1, 6, 3, Qt::AlignBottom);
+    grid->addWidget(ProgressBar1, 7, 0, 1, 3);
+    grid->setRowStretch(6, 1);
 
     connect(LstComp, &QListWidget::itemClicked, this, &FrmImport::LstComp_Click);
     connect(CmdBrowse, &QPushButton::clicked, this, &FrmImport::CmdBrowse_Click);
     connect(LstDelim, &QComboBox::activated, this, &FrmImport::LstDelim_Click);
+    // A name typed in full counts as chosen; ticking a heading box after the
+    // file was read builds the lists for the new choice.
+    connect(txtfile, &QLineEdit::returnPressed, this, &FrmImport::Build_Lists);
+    for (QCheckBox *box : {chk_header, Check1})
+        connect(box, &QCheckBox::toggled, this, [this] {
+            if (!m_file.lines.isEmpty())
+                Build_Lists();
+        });
     connect(CmdImport, &QPushButton::clicked, this, &FrmImport::CmdImport_Click);
     connect(Command1, &QPushButton::clicked, this, &FrmImport::CmdImport_Click);
 
@@ -111,7 +124,9 @@ void FrmImport::LstComp_Click(QListWidgetItem *item)
 
 void FrmImport::CmdBrowse_Click()
 {
-    const QString file = Get_Open_File(QStringLiteral("Browse for file"), Data_Dir,
+    const QString named = txtfile->text().trimmed();
+    const QString file = Get_Open_File(QStringLiteral("Browse for file"),
+                                       named.isEmpty() ? Data_Dir : QFileInfo(named).absolutePath(),
                                        QStringLiteral("Text files (*.csv *.txt *.tab);;All files (*)"));
     if (file.isEmpty())
         return;
@@ -139,14 +154,16 @@ void FrmImport::Build_Lists()
     }
     bool ok = false;
     const QString text = Read_1252_File(txtfile->text(), &ok);
+    // Lists of an earlier file must not stay to be imported under a new name.
+    m_file = Csv_File();
+    List1->clear();
+    List2->clear();
     if (!ok) {
         Msg_Box(QStringLiteral("File not found: ") + txtfile->text(), vbExclamation);
         return;
     }
     m_file = Read_Csv(text, m_delim);
     const Csv_Lists lists = Build_Csv_Lists(m_file, m_delim, chk_header->isChecked(), Check1->isChecked());
-    List1->clear();
-    List2->clear();
     for (const Csv_Item &i : lists.unplaced)
         List1->addField(i.text, i.index);
     for (const Csv_Item &i : lists.placed)

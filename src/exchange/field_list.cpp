@@ -25,7 +25,7 @@ void Field_List::addField(const QString &text, int index)
     item->setData(Qt::UserRole, index);
 }
 
-void Field_List::takeFrom(int row)
+void Field_List::takeFrom(int row, int onto)
 {
     if (!m_partner || row < 0 || row >= m_partner->count())
         return;
@@ -33,9 +33,13 @@ void Field_List::takeFrom(int row)
     const bool blank = item->data(Qt::UserRole).toInt() == -1;
     if (blank && m_partner->m_keepsBlank)
         m_partner->addField(Blank, -1);
+    QListWidgetItem *target = m_keepsBlank ? nullptr : this->item(onto);
     if (blank && m_keepsBlank) {
         // The list that keeps its own blank needs no second one.
         delete item;
+    } else if (target && target->data(Qt::UserRole).toInt() == -1) {
+        delete takeItem(onto);
+        insertItem(onto, item);
     } else {
         addItem(item);
     }
@@ -75,5 +79,5 @@ void Field_List::dropEvent(QDropEvent *event)
     event->accept();
     // Only items from the other list land here.
     if (parts.size() == 2 && m_partner && QString::fromUtf8(parts[0]) == m_partner->objectName())
-        takeFrom(parts[1].toInt());
+        takeFrom(parts[1].toInt(), indexAt(event->position().toPoint()).row());
 }

@@ -97,11 +97,11 @@ void TestCsv::screen_by_dragging()
     auto *list1 = screen.findChild<Field_List *>("List1");
     auto *list2 = screen.findChild<Field_List *>("List2");
     QCOMPARE(list2->count(), 0);
-    const auto drop = [&](Field_List *from, Field_List *to, int row) {
+    const auto drop = [&](Field_List *from, Field_List *to, int row, QPoint at = QPoint(5, 5)) {
         QMimeData data;
         data.setData(Field_List::Mime_Type, from->objectName().toUtf8() + '\t' + QByteArray::number(row));
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QDropEvent ev(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent ev(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(to->viewport(), &enter), QApplication::sendEvent(to->viewport(), &ev);
     };
     // Number, Firstname (the file's third field), Lastname, a <Blank> taken back again, Age.
@@ -115,6 +115,23 @@ void TestCsv::screen_by_dragging()
     QCOMPARE(Dialogs::texts(), QStringList({"2 rows were successfully loaded. "}));
     QCOMPARE(Rows(conn, "SELECT competitor_id, forename, surname, age FROM competitors ORDER BY 1"),
              QString("4|Amy|Watt|8;5|Beth|Ross|7"));
+
+    // A typed name read on Enter, then matched by headings: a field dropped on the placed
+    // <Blank> of Firstname fills it and Lastname stays third. A name not found clears the lists.
+    f.setFileName(env.file("second.csv"));
+    f.open(QIODevice::WriteOnly), f.write("Number,Forename,Lastname\r\n6,Cara,Bell\r\n"), f.close();
+    auto *txtfile = screen.findChild<QLineEdit *>("txtfile");
+    screen.findChild<QCheckBox *>("Check1")->setChecked(true);
+    for (const QString &name : {"second.csv", "gone.csv"}) {
+        txtfile->setText(env.file(name));
+        QTest::keyClick(txtfile, Qt::Key_Return);
+        if (list2->count())
+            drop(list1, list2, 0, list2->visualItemRect(list2->item(1)).center());
+        screen.findChild<QPushButton *>("CmdImport")->click();
+    }
+    QCOMPARE(Rows(conn, "SELECT forename, surname FROM competitors WHERE competitor_id = 6"), QString("Cara|Bell"));
+    QCOMPARE(Dialogs::texts().mid(1), QStringList({"1 rows were successfully loaded. ", "File not found: " + env.file("gone.csv"),
+                                                   "Required fields are Number, Forename and Surname"}));
     screen.findChild<QComboBox *>("LstDelim")->setCurrentIndex(2);
     screen.LstDelim_Click();
     QCOMPARE(Dialogs::lastRecord().text, QString("You must enter a delimiter!"));
