@@ -6,18 +6,21 @@
 
 namespace {
 
-// The parts of a column list, split at the commas outside brackets.
+// The parts of a column list, split at the commas outside brackets and quotes.
 QStringList splitDefinitions(const QString &body)
 {
     QStringList parts;
     QString current;
     int depth = 0;
+    bool quoted = false;
     for (const QChar c : body) {
-        if (c == QLatin1Char('('))
+        if (c == QLatin1Char('\''))
+            quoted = !quoted;
+        else if (c == QLatin1Char('(') && !quoted)
             ++depth;
-        else if (c == QLatin1Char(')'))
+        else if (c == QLatin1Char(')') && !quoted)
             --depth;
-        if (c == QLatin1Char(',') && depth == 0) {
+        if (c == QLatin1Char(',') && depth == 0 && !quoted) {
             parts << current.trimmed();
             current.clear();
         } else {
@@ -53,7 +56,7 @@ bool namesColumn(const QString &sqlPart, const QString &column)
 // Builds the table anew with its column definitions changed by edit, which
 // gets each column definition and returns it changed, or an empty text to drop it.
 template <typename Edit>
-void rebuild(Connection &conn, const QString &table, const QString &column, Edit edit)
+void rebuild(Connection &conn, const QString &table, const QString &column, bool dropping, Edit edit)
 {
     const QString create = conn.scalar(QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'table' AND name = ?"),
                                        {table}).toString();
@@ -68,7 +71,7 @@ void rebuild(Connection &conn, const QString &table, const QString &column, Edit
     bool found = false;
     for (const QString &d : definitions) {
         if (isTableConstraint(d)) {
-            if (!namesColumn(d, column))
+            if (!dropping || !namesColumn(d, column))
                 kept << d;
             continue;
         }
@@ -93,7 +96,7 @@ void rebuild(Connection &conn, const QString &table, const QString &column, Edit
     for (; !indexes.eof(); indexes.next()) {
         const QString sql = indexes.text(QStringLiteral("sql"));
         const QString columns = sql.mid(sql.indexOf(QLatin1Char('(')));
-        if (!namesColumn(columns, column))
+        if (!dropping || !namesColumn(columns, column))
             remake << sql;
     }
 
@@ -113,10 +116,10 @@ void rebuild(Connection &conn, const QString &table, const QString &column, Edit
 
 void Drop_Column(Connection &conn, const QString &table, const QString &column)
 {
-    rebuild(conn, table, column, [](const QString &) { return QString(); });
+    rebuild(conn, table, column, true, [](const QString &) { return QString(); });
 }
 
 void Redefine_Column(Connection &conn, const QString &table, const QString &column, const QString &definition)
 {
-    rebuild(conn, table, column, [&](const QString &) { return definition; });
+    rebuild(conn, table, column, false, [&](const QString &) { return definition; });
 }

@@ -10,5 +10,6 @@ class Connection;
 
 // Drops the column and its content, and any key or index that names it.
 void Drop_Column(Connection &conn, const QString &table, const QString &column);
-// Gives the column a new definition ("points_awarded1 NUMERIC DEFAULT NULL").
+// Gives the column a new definition ("points_awarded1 NUMERIC DEFAULT NULL");
+// its keys and indexes stay.
 void Redefine_Column(Connection &conn, const QString &table, const QString &column, const QString &definition);

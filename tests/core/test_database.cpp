@@ -2,6 +2,7 @@
 #include "core/codec.h"
 #include "core/db.h"
 #include "core/globals.h"
+#include "core/table_rebuild.h"
 
 #include <QFile>
 #include <QtTest>
@@ -17,6 +18,8 @@ private slots:
     void record_set_writes_back_by_rowid();
     void transaction_commits_what_ran_before_a_fault();
     void windows_1252_round_trip();
+    void table_rebuild_keeps_keys_and_indexes_data();
+    void table_rebuild_keeps_keys_and_indexes();
 };
 
 void TestDatabase::prepared_file_holds_the_standard_content()
@@ -183,6 +186,55 @@ void TestDatabase::windows_1252_round_trip()
     QFile f(env.file("x.txt"));
     QVERIFY(f.open(QIODevice::ReadOnly));
     QCOMPARE(f.readAll(), QByteArray("a\r\nb\r\nc"));
+}
+
+void TestDatabase::table_rebuild_keeps_keys_and_indexes_data()
+{
+    QTest::addColumn<QString>("column");
+    QTest::addColumn<QString>("definition"); // empty: the column is dropped
+    QTest::addColumn<QString>("columns");
+    QTest::addColumn<QString>("indexes");
+    QTest::addColumn<bool>("keyHolds");
+    QTest::newRow("drop a column one index names") << "d" << "" << "a,b,c" << "t_c" << true;
+    QTest::newRow("drop a column two indexes name") << "c" << "" << "a,b,d" << "t_d" << true;
+    QTest::newRow("drop a column of the key") << "b" << "" << "a,c,d" << "t_c,t_cd,t_d" << false;
+    QTest::newRow("redefine keeps every index") << "c" << "c TEXT DEFAULT NULL" << "a,b,c,d" << "t_c,t_cd,t_d" << true;
+}
+
+void TestDatabase::table_rebuild_keeps_keys_and_indexes()
+{
+    QFETCH(QString, column);
+    QFETCH(QString, definition);
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    // A bracketed key list and a default holding commas must not split the definitions.
+    c.execute("CREATE TABLE t (a INTEGER NOT NULL, b TEXT DEFAULT 'x,y', c NUMERIC, d TEXT, PRIMARY KEY (a, b))");
+    c.execute("CREATE INDEX t_c ON t (c)");
+    c.execute("CREATE INDEX t_cd ON t (c, d)");
+    c.execute("CREATE UNIQUE INDEX t_d ON t (d)");
+    for (int i = 1; i <= 3; ++i)
+        c.execute("INSERT INTO t (a, b, c, d) VALUES (?, 'k', ?, ?)", {i, i * 10, QString("d%1").arg(i)});
+    if (definition.isEmpty())
+        Drop_Column(c, "t", column);
+    else
+        Redefine_Column(c, "t", column, definition);
+
+    QStringList columns;
+    for (RowSet r = c.query("PRAGMA table_info(t)"); !r.eof(); r.next())
+        columns << r.text("name");
+    QTEST(columns.join(','), "columns");
+    QTEST(c.scalar("SELECT group_concat(name) FROM (SELECT name FROM sqlite_master WHERE type = 'index' "
+                   "AND tbl_name = 't' AND sql IS NOT NULL ORDER BY name)").toString(), "indexes");
+    QCOMPARE(c.scalar("SELECT count(*) FROM t").toInt(), 3);
+    QCOMPARE(c.scalar("SELECT a FROM t WHERE rowid = 2").toInt(), 2);
+    bool refused = false;
+    try {
+        c.execute("INSERT INTO t (a" + QString(columns.contains("b") ? ", b" : "") + ") VALUES (1" + (columns.contains("b") ? ", 'k'" : "") + ")");
+    } catch (const DbError &) {
+        refused = true;
+    }
+    QTEST(refused, "keyHolds");
 }
 
 QTEST_GUILESS_MAIN(TestDatabase)
