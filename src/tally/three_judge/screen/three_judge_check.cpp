@@ -32,6 +32,7 @@ void ThreeJudgeScreen::CmdPrepare_Click()
 {
     // Asks whatever the auto-save setting, and tells nothing on success.
     Hide_Quick_Find();
+    Own_Choice();
     if (Unsaved_Marks() && !Ask_And_Save())
         return;
     try {
@@ -45,6 +46,7 @@ void ThreeJudgeScreen::CmdPrepare_Click()
 void ThreeJudgeScreen::CmdCheck_Click()
 {
     Hide_Quick_Find();
+    Own_Choice();
     if (!Check_Unsaved(false))
         return;
     try {

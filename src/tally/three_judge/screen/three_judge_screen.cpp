@@ -96,7 +96,7 @@ ThreeJudgeScreen::ThreeJudgeScreen(const Three_Judge_Kind &kind, QWidget *parent
             main->setWindowTitle(App_Title + m_kind.mainTitleSuffix);
 
     Dance_Names = Default_Dance_Names();
-    Current_Dance_Id = m_kind.startDanceId;
+    Choice.dance = m_kind.startDanceId;
     if (Load_Grid()) {
         Load_Events();
         Load_Judge_Lists();
@@ -316,6 +316,8 @@ void ThreeJudgeScreen::Connect_Controls()
     // Lists act on a selection made by the operator or by code, never on
     // the cursor a list puts on its first entry when it takes the focus.
     connect(LstGroup, &QListWidget::itemSelectionChanged, this, [this] { LstGroup_Click(); });
+    new Shown_Entry_Click(LstGroup, [this] { return m_eventRow; }, [this] { LstGroup_Click(); });
+    On_Screen_Focus(this, [this] { Own_Choice(); });
     for (int i = 0; i < 4; ++i) {
         connect(Dance_Buttons[i], &QPushButton::clicked, this, [this, i] { Dance_Button_Click(i + 1); });
         connect(cmd_edit[i], &QPushButton::clicked, this, &ThreeJudgeScreen::Show_Dance_Name_Editor);
