@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QPlainTextEdit>
 
 using namespace Drive;
 using namespace ThreeJudge;
@@ -159,6 +160,14 @@ void TestChampScreen::championship_by_keys()
     QCOMPARE(fling.size(), 6);
     QCOMPARE(fling.last().value(1), QString("106"));
     QCOMPARE(s.MSFlexGrid1->Text(0, First_Judge_Column), QString("Bob Brown"));
+
+    // In a 1366 by 768 window both results show the six prize-winners
+    // without scrolling; the checker boxes take no room before a failed check.
+    s.resize(1366, 700);
+    QApplication::processEvents();
+    for (FlexGrid *g : {s.GrdODR, s.GrdHR})
+        QVERIFY(g->rowCount() >= 7 && g->rowViewportPosition(6) + g->rowHeight(6) <= g->viewport()->height());
+    QVERIFY(!s.txt_checker1->isVisible() && !s.txt_checker2->isVisible());
 
     // Selecting the event again tallies it afresh, with the same result.
     conn.execute("DELETE FROM highland_results");

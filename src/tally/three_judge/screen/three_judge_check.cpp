@@ -28,6 +28,18 @@ void ThreeJudgeScreen::Write_Compare_After_Save()
     }
 }
 
+void ThreeJudgeScreen::Show_Checker(const QString &text1, const QString &text2)
+{
+    int lines = 0;
+    for (const QString &text : {text1, text2})
+        lines = qMax(lines, text.isEmpty() ? 0 : int(text.count(QLatin1Char('\n'))) + 1);
+    for (QPlainTextEdit *box : {txt_checker1, txt_checker2}) {
+        box->setPlainText(box == txt_checker1 ? text1 : text2);
+        box->setFixedHeight(box->fontMetrics().lineSpacing() * lines + 2 * box->frameWidth() + 8);
+        box->setVisible(lines > 0);
+    }
+}
+
 void ThreeJudgeScreen::CmdPrepare_Click()
 {
     // Asks whatever the auto-save setting, and tells nothing on success.
@@ -55,7 +67,6 @@ void ThreeJudgeScreen::CmdCheck_Click()
         Show_Unhandled_Fault(e.message());
     }
     // A missing file leaves the texts of the last check, and they are shown again.
-    txt_checker1->setPlainText(Box_Text(Check_Text_1));
-    txt_checker2->setPlainText(Box_Text(Check_Text_2));
+    Show_Checker(Box_Text(Check_Text_1), Box_Text(Check_Text_2));
     Set_Dirty(false);
 }

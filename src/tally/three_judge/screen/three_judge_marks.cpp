@@ -76,8 +76,7 @@ int ThreeJudgeScreen::Filter_Value() const
 
 void ThreeJudgeScreen::Refresh_Dance()
 {
-    txt_checker1->clear();
-    txt_checker2->clear();
+    Show_Checker(QString(), QString());
     Load_Marks();
     Load_Result_Grids();
     Load_No_Dancers();

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -219,6 +220,9 @@ QWidget *ThreeJudgeScreen::Build_Right()
 
     QGroupBox *overall = Frame(QStringLiteral("Frame3"), QStringLiteral("Overall Result"));
     GrdHR = Result_Grid(QStringLiteral("GrdHR"));
+    // Each result shows at least its caption and the six prize-winners.
+    for (FlexGrid *g : {GrdODR, GrdHR})
+        g->setMinimumHeight(g->verticalHeader()->defaultSectionSize() * 7 + 2 * g->frameWidth());
     (new QVBoxLayout(overall))->addWidget(GrdHR);
     v->addWidget(overall, 1);
 
@@ -253,19 +257,22 @@ QWidget *ThreeJudgeScreen::Build_Right()
     h->addWidget(CmdCheck);
     v->addWidget(check);
 
+    // This computer's and the remote one's side by side, each as tall as its
+    // text: nothing while no check has failed.
     QGroupBox *checker = Frame(QStringLiteral("Frame10"), QStringLiteral("Result Checker"));
-    auto *c = new QVBoxLayout(checker);
+    auto *c = new QHBoxLayout(checker);
     txt_checker1 = new QPlainTextEdit;
     txt_checker1->setObjectName(QStringLiteral("txt_checker1"));
     txt_checker2 = new QPlainTextEdit;
     txt_checker2->setObjectName(QStringLiteral("txt_checker2"));
-    // One labelled line per value: dance, judge, number, place.
     for (QPlainTextEdit *t : {txt_checker1, txt_checker2}) {
         t->setReadOnly(true);
-        t->setFixedHeight(t->fontMetrics().lineSpacing() * 6 + 10);
+        t->setLineWrapMode(QPlainTextEdit::NoWrap);
+        t->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         c->addWidget(t);
     }
     v->addWidget(checker);
+    Show_Checker(QString(), QString());
     return right;
 }
 

@@ -98,6 +98,8 @@ public:
     bool Check_Unsaved(bool withCompare = true);
     bool Save_And_Tally();
     void Toggle_Quick_Find();
+    // The outcome of a failed check, this computer's and the remote one's.
+    void Show_Checker(const QString &text1, const QString &text2);
     void Add_Row() override {}
 
 protected:
