@@ -36,8 +36,8 @@ void ThreeJudgeScreen::Show_Checker(const QString &text1, const QString &text2)
     for (QPlainTextEdit *box : {txt_checker1, txt_checker2}) {
         box->setPlainText(box == txt_checker1 ? text1 : text2);
         box->setFixedHeight(box->fontMetrics().lineSpacing() * lines + 2 * box->frameWidth() + 8);
-        box->setVisible(lines > 0);
     }
+    txt_checker1->parentWidget()->setVisible(lines > 0);
 }
 
 void ThreeJudgeScreen::CmdPrepare_Click()

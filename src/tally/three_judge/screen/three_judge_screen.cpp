@@ -193,6 +193,23 @@ QWidget *ThreeJudgeScreen::Build_Middle()
     marks->addWidget(MSFlexGrid1, 1);
     v->addWidget(Frame5, 1);
 
+    // Under the marks, this computer's and the remote one's side by side, as
+    // tall as their text: nothing while no check has failed.
+    QGroupBox *checker = Frame(QStringLiteral("Frame10"), QStringLiteral("Result Checker"));
+    auto *c = new QHBoxLayout(checker);
+    txt_checker1 = new QPlainTextEdit;
+    txt_checker1->setObjectName(QStringLiteral("txt_checker1"));
+    txt_checker2 = new QPlainTextEdit;
+    txt_checker2->setObjectName(QStringLiteral("txt_checker2"));
+    for (QPlainTextEdit *t : {txt_checker1, txt_checker2}) {
+        t->setReadOnly(true);
+        t->setLineWrapMode(QPlainTextEdit::NoWrap);
+        t->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        c->addWidget(t);
+    }
+    v->addWidget(checker);
+    Show_Checker(QString(), QString());
+
     auto *progress = new QHBoxLayout;
     Label_progress = new QLabel(QStringLiteral("Tallying in Progress"));
     Label_progress->setObjectName(QStringLiteral("Label_progress"));
@@ -257,22 +274,6 @@ QWidget *ThreeJudgeScreen::Build_Right()
     h->addWidget(CmdCheck);
     v->addWidget(check);
 
-    // This computer's and the remote one's side by side, each as tall as its
-    // text: nothing while no check has failed.
-    QGroupBox *checker = Frame(QStringLiteral("Frame10"), QStringLiteral("Result Checker"));
-    auto *c = new QHBoxLayout(checker);
-    txt_checker1 = new QPlainTextEdit;
-    txt_checker1->setObjectName(QStringLiteral("txt_checker1"));
-    txt_checker2 = new QPlainTextEdit;
-    txt_checker2->setObjectName(QStringLiteral("txt_checker2"));
-    for (QPlainTextEdit *t : {txt_checker1, txt_checker2}) {
-        t->setReadOnly(true);
-        t->setLineWrapMode(QPlainTextEdit::NoWrap);
-        t->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        c->addWidget(t);
-    }
-    v->addWidget(checker);
-    Show_Checker(QString(), QString());
     return right;
 }
 
