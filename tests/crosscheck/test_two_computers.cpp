@@ -16,16 +16,23 @@
 namespace {
 const QString Marks = "80\n75\n70\n65\n", Event[] = {"Juvenile 10-12", "Adult Scottish Championship"};
 
-std::unique_ptr<GridScreen> Type_Event(bool champ, const QString &keys)
+// A Competition event and a Championship on the same dance ids 1 to 4.
+void Two_Events(Connection &conn)
 {
-    Connection conn;
-    conn.open();
     const short comp = Current_Competition_Id = Fixture::Competition(conn, "Cowal Gathering");
+    Current_Competition_Name = "Cowal Gathering";
     Fixture::Event(conn, comp, "J", Event[0], "H");
     Fixture::Event(conn, comp, "C", "Adult", "C");
     conn.execute("UPDATE age_groups SET championship_title = 'Scottish Championship' WHERE category = 'C'");
     for (int n = 101; n <= 105; ++n)   // 105 dances in one event only
         Fixture::Competitor(conn, comp, n, "Ann", "O'Neill", n < 105 ? QStringList{"J", "C"} : QStringList{"J"});
+}
+
+std::unique_ptr<GridScreen> Type_Event(bool champ, const QString &keys)
+{
+    Connection conn;
+    conn.open();
+    Two_Events(conn);
     std::unique_ptr<GridScreen> s(champ ? static_cast<GridScreen *>(new ThreeJudgeScreen(Championship_Kind()))
                                         : new FrmTallyComp);
     // One mark a step: the mark screen moves its cursor after the key is read.
@@ -33,6 +40,73 @@ std::unique_ptr<GridScreen> Type_Event(bool champ, const QString &keys)
     Run_Script(s.get(), conn, "!LstGroup:" + Event[champ] + "|@1," + (champ ? "4" : "1") + marks
                                   + (champ ? "|!Cmd_Tally" : "|!CmdTally"));
     return s;
+}
+// What one event came to: its rows in every mark and result table (a random
+// draw's numbers only as drawn or not), its compare file, and the boxes and
+// sheets its screen showed, the sheets' time of printing left out.
+QString Event_Outcome(Connection &conn, const QString &group, const QString &event, const QStringList &shown)
+{
+    QStringList out;
+    for (const char *table : {"comp_judges_results", "judges_results", "judges_results_judges", "dance_results",
+                              "overall_dance_results", "overall_results", "highland_results", "national_results",
+                              "tie_break", "dance_no_dancers"}) {
+        RowSet rs = conn.query(QString("SELECT * FROM %1 WHERE group_id = ?").arg(table), {group});
+        QStringList rows;
+        for (; !rs.eof(); rs.next()) {
+            QStringList fields;
+            for (int f = 0; f < rs.fieldCount(); ++f)
+                fields << (rs.fieldName(f) == "orderby" ? QString(rs.value(f).isNull() ? "-" : "drawn")
+                                                         : rs.value(f).toString());
+            rows << fields.join(',');
+        }
+        rows.sort();
+        out << QString(table) + ": " + rows.join(" / ");
+    }
+    QFile file(Data_Dir + "Compare/" + event + ".cmp");
+    out << "file: " + (file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString("none"));
+    return (out + shown).join('\n');
+}
+
+// Works the steps ("C|script" on the Competition screen, "P|script" on the
+// Championship screen; "c|" and "p|" without making it the active window) in
+// a fresh data folder, those of one screen only when alone is set.
+QStringList Work(const QStringList &steps, QChar alone = {})
+{
+    TestDataFolder folder;
+    Data_Dir = folder.path(), Opt_Check_Mode = 1, Opt_Auto_Save = true, Opt_Check_Dir = folder.path() + "Compare";
+    Connection conn;
+    conn.open();
+    Two_Events(conn);
+    FrmTallyComp comp;
+    ThreeJudgeScreen champ(Championship_Kind());
+    QStringList shown[2];
+    for (const QString &step : steps) {
+        const bool onChamp = step[0].toUpper() == 'P';
+        if (!alone.isNull() && step[0].toUpper() != alone)
+            continue;
+        GridScreen *s = onChamp ? static_cast<GridScreen *>(&champ) : &comp;
+        if (step[0].isUpper() && s->isVisible())
+            QApplication::setActiveWindow(s), s->MSFlexGrid1->setFocus();
+        Dialogs::clearRecords();
+        Run_Script(s, conn, step.mid(2));
+        shown[onChamp] << Dialogs::texts();
+        for (QPrintPreviewDialog *preview : s->findChildren<QPrintPreviewDialog *>()) {
+            QPrinter printer;
+            printer.setOutputFileName(folder.file("sheet.pdf"));
+            emit preview->paintRequested(&printer);
+            for (const QString &line : Pdf_Pages(folder.file("sheet.pdf")).join('\n').split('\n'))
+                if (!line.startsWith("Printed: "))
+                    shown[onChamp] << line;
+            delete preview;
+        }
+    }
+    QStringList outcome;
+    if (alone.isNull() || alone == 'C')
+        outcome << Event_Outcome(conn, "J", Event[0], shown[0]) + "\ncell 5,1: " + comp.Cell(5, 1);
+    if (alone.isNull() || alone == 'P')
+        outcome << Event_Outcome(conn, "C", Event[1], shown[1]);
+    comp.Set_Dirty(false), champ.Set_Dirty(false);
+    return outcome;
 }
 } // namespace
 
@@ -42,6 +116,8 @@ class TestTwoComputers : public QObject
 private slots:
     void check_data();
     void check();
+    void two_mark_screens_data();
+    void two_mark_screens();
 };
 
 void TestTwoComputers::check_data()
@@ -100,6 +176,40 @@ void TestTwoComputers::check()
                      + s->findChild<QPlainTextEdit *>("txt_checker2")->toPlainText(), shown);
     else
         QVERIFY(In_Order(Pdf_Pages(self.file("check.pdf")).join('\n'), shown.split('|')));
+}
+
+void TestTwoComputers::two_mark_screens_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    const QString judge = "80\n75\n70\n65\n", reel = ">70\n80\n65\n75\n81\n76\n71\n66\n60\n85\n72\n67\n";
+    const QStringList steps = {
+        "C|!LstGroup:" + Event[0], "P|!LstGroup:" + Event[1], "C|@1,1|>80\n75\n70\n65\n60\n|!CmdTally",
+        "P|@1,4|>" + judge + judge + judge + "|!Cmd_Tally", "C|!Cmd2|@1,1|>60\n65\n70\n75\n80\n|!CmdRpt",
+        "P|!Cmd_Reel|@1,4|" + reel + "|!CmdHR", "c|!cmdCallback", "p|!CmdRand|!cmdCallback", "c|!CmdCheck",
+        "P|!CmdPrepare|!CmdCheck", "C|!Cmd3|@1,1|>50\n40\n|!CmdRpt", "P|!Cmd_Swords|@1,4|" + reel + "|!Cmd_Tally",
+        // A click on the event shown reloads it, with what the store now holds.
+        "c|$UPDATE comp_judges_results SET points_awarded1 = 99 WHERE competitor_id = 105 AND dance_id = 3|!LstGroup:"
+            + Event[0],
+        "P|!LstGroup:" + Event[1] + "|!CmdCheck", "C|@3,1|>30\n|!CmdTally|!CmdCheck|!CmdRpt"};
+    QTest::newRow("back and forth") << steps;
+    QStringList activated = steps;
+    for (QString &step : activated)
+        step[0] = step[0].toUpper();
+    QTest::newRow("each screen made active") << activated;
+}
+
+// Both mark screens open, choices, marks, tallies, sheets, compare files and
+// checks interleaved on two events: each event ends as when worked alone.
+void TestTwoComputers::two_mark_screens()
+{
+    QFETCH(QStringList, steps);
+    const QStringList together = Work(steps);
+    QCOMPARE(together.value(0), Work(steps, 'C').value(0));
+    QCOMPARE(together.value(1), Work(steps, 'P').value(0));
+    QVERIFY(together.value(0).contains("cell 5,1: 99"));
+    for (const QString &outcome : together)
+        QVERIFY(outcome.count("!!! Results Match !!!") == 2 && outcome.contains("Call-Back Sheet\n")
+                && !outcome.contains("file: none"));
 }
 
 QTEST_MAIN(TestTwoComputers)

@@ -44,14 +44,16 @@ void Overall_Pass(Connection &conn, const QString &sumSql, const QString &table,
 void Recalc_Overall(Connection &conn, const Overall_Settings &settings, const Tally_Progress &progress)
 {
     // The operator sees the result being worked out, whatever the size of the event.
+    const Held_Event held;
     constexpr int steps = 20;
     if (progress)
         progress(0, steps);
     for (int k = 1; k <= steps; ++k) {
-        Pause_Ms(50);
+        Pause_Ms(50, Pause_Input::Held);
         if (progress)
             progress(k, steps);
     }
+    held.Restore();
 
     Tally_Transaction t(conn);
     const QString event = QStringLiteral(" WHERE competition_id = ") + QString::number(Current_Competition_Id)

@@ -27,7 +27,7 @@ void Show_Progress(const Tally_Progress &progress)
     if (progress)
         progress(0, steps);
     for (int wait = 1; wait <= steps + 1; ++wait) {
-        Pause_Ms(50);
+        Pause_Ms(50, Pause_Input::Held);
         if (progress && wait <= steps)
             progress(wait - 1, steps);
     }
@@ -37,7 +37,9 @@ void Show_Progress(const Tally_Progress &progress)
 
 void Tally_Overall(Connection &conn, const Tally_Progress &progress)
 {
+    const Held_Event held;
     Show_Progress(progress);
+    held.Restore();
 
     Tally_Transaction t(conn);
     const QString id = QString::number(Current_Competition_Id);

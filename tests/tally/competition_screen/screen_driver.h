@@ -65,6 +65,15 @@ inline void Click(QPushButton *b)
     Settle();
 }
 
+// Puts the mark grid's cursor on a cell and gives the grid the focus.
+inline void Go(FrmTallyComp &s, int row, int col)
+{
+    FlexGrid *grid = Grid(s, "MSFlexGrid1");
+    grid->setCurrentCell(row, col);
+    grid->setFocus();
+    Settle();
+}
+
 inline void Key(QWidget *w, int key, Qt::KeyboardModifiers mods = Qt::NoModifier)
 {
     QTest::keyClick(w, static_cast<Qt::Key>(key), mods);

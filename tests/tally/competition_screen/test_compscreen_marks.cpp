@@ -3,10 +3,12 @@
 // and the saves before a change of dance or event and at closing.
 #include "screen_driver.h"
 #include "support/fixtures.h"
+#include "support/screen_script.h"
 #include "support/test_env.h"
 #include "core/db.h"
 #include "core/dialogs.h"
 #include "core/globals.h"
+#include "core/pause.h"
 
 #include <QtTest>
 
@@ -78,6 +80,8 @@ private slots:
     void auto_save_goes_on_without_asking_and_stays_when_the_save_fails();
     void event_change_always_asks_and_closing_asks_about_unsaved_marks();
     void prize_lists_and_judge_act_only_on_a_choice();
+    void bursts_of_marks_land_on_their_dancers_data();
+    void bursts_of_marks_land_on_their_dancers();
 };
 
 void TestCompScreenMarks::marks_typed_for_four_dances_give_placings_ties_and_overall()
@@ -283,7 +287,8 @@ void TestCompScreenMarks::auto_save_goes_on_without_asking_and_stays_when_the_sa
     QVERIFY(!Button(s, "Cmd3")->isChecked());
     QCOMPARE(Current_Dance_Id, short(7));
     QCOMPARE(s.findChild<QGroupBox *>("Frame5")->title(), QString("Pas de Basque and High Cuts"));
-    QCOMPARE(Grid(s, "MSFlexGrid1")->Text(2, 1), QString());
+    // The refused mark stays on screen, unsaved.
+    QCOMPARE(Grid(s, "MSFlexGrid1")->Text(2, 1), QString("66"));
     QVERIFY(s.Changed());
 
     // A tally that fails (a 22nd dancer in a tie) stays too, with its own box.
@@ -405,6 +410,76 @@ void TestCompScreenMarks::prize_lists_and_judge_act_only_on_a_choice()
     Click(Button(s, "CmdTally"));
     QCOMPARE(Grid(s, "GrdODR")->rowCount(), 1);
     QCOMPARE(Fixture::Count(c, "overall_dance_results", "dance_id = 6"), 0);
+}
+
+void TestCompScreenMarks::bursts_of_marks_land_on_their_dancers_data()
+{
+    QTest::addColumn<QStringList>("bursts");   // the marks of each dance, typed with Enter after each
+    QTest::addColumn<QString>("refused");      // a mark the database refuses once ("" none)
+    QTest::addColumn<double>("pause");         // the scale of the tally's pause
+    const QStringList four = {"11.5 22 33.25 44 55.75 66 77 88", "90 80 70 60 50 40 30 20",
+                              "1 2 3 4 5 6 7 8", "100 99.5 0 98 97 96 95 94"};
+    QTest::newRow("four dances") << four << "" << 0.0;
+    QTest::newRow("with the real pause") << four << "" << 0.05;
+    QTest::newRow("a gap and a changed mark") << QStringList{"11.5 22", "90 80 70 60 50 40 30 20"} << "" << 0.0;
+    QTest::newRow("a refused save, then the retry") << four << "60" << 0.0;
+    QTest::newRow("refused at the last dancer") << four << "8" << 0.05;
+}
+
+// Each burst is queued before the event loop runs, as a practised tallier
+// types ahead of the screen; every key goes to whatever has the focus when
+// its turn comes.
+void TestCompScreenMarks::bursts_of_marks_land_on_their_dancers()
+{
+    QFETCH(QStringList, bursts);
+    QFETCH(QString, refused);
+    QFETCH(double, pause);
+    TestDataFolder env;
+    Connection c;
+    c.open();
+    Build_Event(c, 8);
+    Opt_Auto_Save = true;
+    Set_Pause_Scale(pause);
+    if (!refused.isEmpty())
+        c.execute("CREATE TRIGGER refuse BEFORE UPDATE ON comp_judges_results WHEN NEW.points_awarded1 = " + refused
+                  + " BEGIN SELECT RAISE(ABORT, 'disk I/O error'); END");
+    FrmTallyComp s;
+    s.show();
+    QApplication::setActiveWindow(&s);
+    Pick(List(s, "LstGroup"), "Juvenile 10-12");
+    const int dances[] = {6, 7, 1, 2};
+    QStringList typed;
+    for (int d = 0; d < bursts.size(); ++d) {
+        Go(s, 1, 1);
+        Queue_Keys(QString(bursts[d]).replace(' ', '\n') + "\n");
+        QCoreApplication::processEvents();
+        Settle();
+        typed << QString("%1:%2").arg(dances[d]).arg(bursts[d]);
+        QCOMPARE(Column(Grid(s, "MSFlexGrid1"), 1).join(' ').trimmed(), bursts[d]);
+        const bool refusedHere = bursts[d].split(' ').contains(refused);
+        Click(Button(s, d + 1 < bursts.size() ? QString("Cmd%1").arg(d + 2) : QString("CmdTally")));
+        if (refusedHere) {
+            // Every typed mark stays, still unsaved; the retry stores them all.
+            QCOMPARE(Dialogs::lastRecord().text, QString("There was an error doing the update!"));
+            QCOMPARE(Column(Grid(s, "MSFlexGrid1"), 1).join(' ').trimmed(), bursts[d]);
+            QVERIFY(s.Changed());
+            c.execute("DROP TRIGGER refuse");
+            Click(Button(s, d + 1 < bursts.size() ? QString("Cmd%1").arg(d + 2) : QString("CmdTally")));
+        }
+        QVERIFY(!s.Changed());
+    }
+    QStringList stored;
+    for (int d = 0; d < bursts.size(); ++d) {
+        RowSet rs = c.query(QString("SELECT points_awarded1 FROM comp_judges_results WHERE group_id = 'J' AND "
+                                    "dance_id = %1 ORDER BY competitor_id").arg(dances[d]));
+        QStringList marks;
+        for (; !rs.eof(); rs.next())
+            marks << rs.text("points_awarded1");
+        stored << QString("%1:%2").arg(dances[d]).arg(marks.join(' ').trimmed());
+    }
+    QCOMPARE(stored, typed);
+    QCOMPARE(Fixture::Count(c, "overall_dance_results", "group_id = 'J' AND placing = 1"), bursts.size());
+    Set_Pause_Scale(0.0);
 }
 
 QTEST_MAIN(TestCompScreenMarks)

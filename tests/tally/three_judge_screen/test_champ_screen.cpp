@@ -4,7 +4,9 @@
 #include "core/db.h"
 #include "core/dialogs.h"
 #include "core/globals.h"
+#include "core/pause.h"
 #include "support/fixtures.h"
+#include "support/screen_script.h"
 #include "support/test_env.h"
 #include "tally/three_judge/screen/mark_rules.h"
 #include "ui/frmMain.h"
@@ -12,6 +14,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QMdiArea>
+#include <QPlainTextEdit>
 
 using namespace Drive;
 using namespace ThreeJudge;
@@ -25,6 +28,8 @@ private slots:
     void keys_and_checks();
     void quick_find();
     void inside_the_main_window();
+    void bursts_of_marks_land_on_their_dancers_data();
+    void bursts_of_marks_land_on_their_dancers();
 };
 
 namespace {
@@ -155,6 +160,14 @@ void TestChampScreen::championship_by_keys()
     QCOMPARE(fling.size(), 6);
     QCOMPARE(fling.last().value(1), QString("106"));
     QCOMPARE(s.MSFlexGrid1->Text(0, First_Judge_Column), QString("Bob Brown"));
+
+    // In a 1366 by 768 window both results show the six prize-winners
+    // without scrolling; the checker boxes take no room before a failed check.
+    s.resize(1366, 700);
+    QApplication::processEvents();
+    for (FlexGrid *g : {s.GrdODR, s.GrdHR})
+        QVERIFY(g->rowCount() >= 7 && g->rowViewportPosition(6) + g->rowHeight(6) <= g->viewport()->height());
+    QVERIFY(!s.txt_checker1->isVisible() && !s.txt_checker2->isVisible());
 
     // Selecting the event again tallies it afresh, with the same result.
     conn.execute("DELETE FROM highland_results");
@@ -393,6 +406,81 @@ void TestChampScreen::inside_the_main_window()
     QCOMPARE(conn.scalar("SELECT points_awarded1 FROM judges_results WHERE competitor_id = 101 AND dance_id = 1").toInt(), 77);
     QCOMPARE(Fixture::Count(conn, "overall_dance_results", "group_id = 'C1' AND dance_id = 1"), 1);
     QTRY_VERIFY(main.mdiArea()->subWindowList().isEmpty());
+}
+
+void TestChampScreen::bursts_of_marks_land_on_their_dancers_data()
+{
+    QTest::addColumn<QStringList>("bursts");   // the marks of each dance, judge by judge, Enter after each
+    QTest::addColumn<QString>("refused");      // a mark the database refuses once ("" none)
+    QTest::addColumn<double>("pause");         // the scale of the tally's pause
+    const QStringList four = {"90 78 85 80 75 65 60 91 79 86 81 76 66 61 92 77 84 79 74 64 59",
+                              "10 20 30 40 50 60 70 11 21 31 41 51 61 71 12 22 32 42 52 62 72",
+                              "88 d 86 85 84 83 82 87 86 D 84 83 82 81 86 85 84 83 82 81 80",
+                              "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21"};
+    QTest::newRow("four dances") << four << "" << 0.0;
+    QTest::newRow("with the real pause") << four << "" << 0.05;
+    QTest::newRow("a refused save, then the retry") << four << "41" << 0.0;
+    QTest::newRow("refused at the first mark") << four << "90" << 0.05;
+    QTest::newRow("refused at the Tallier") << four << "19" << 0.0;
+}
+
+// Each dance's marks are queued before the event loop runs, as a practised
+// tallier types ahead of the screen; every key goes to whatever has the focus
+// when its turn comes, and Enter after the last dancer goes to the next judge.
+void TestChampScreen::bursts_of_marks_land_on_their_dancers()
+{
+    QFETCH(QStringList, bursts);
+    QFETCH(QString, refused);
+    QFETCH(double, pause);
+    TestDataFolder env;
+    Connection conn;
+    conn.open();
+    Make_Competition(conn, 7);
+    Opt_Auto_Save = true;
+    Set_Pause_Scale(pause);
+    if (!refused.isEmpty())
+        conn.execute("CREATE TRIGGER refuse BEFORE UPDATE ON judges_results WHEN " + refused
+                     + " IN (NEW.points_awarded1, NEW.points_awarded2, NEW.points_awarded3) "
+                       "BEGIN SELECT RAISE(ABORT, 'disk I/O error'); END");
+    ThreeJudgeScreen s(Championship_Kind());
+    Open(s);
+    Select_Event(s, "Adult Scottish Championship");
+    const QStringList buttons = {"Cmd_Fling", "Cmd_Swords", "Cmd_ST", "Cmd_Reel"};
+    auto shown = [&s] {
+        QStringList marks;
+        for (int col = First_Judge_Column; col <= Last_Judge_Column; ++col)
+            for (int r = 1; r < s.MSFlexGrid1->rowCount(); ++r)
+                marks << s.MSFlexGrid1->Text(r, col);
+        return marks.join(' ').toUpper();
+    };
+    for (int d = 0; d < bursts.size(); ++d) {
+        Go(s, 1, First_Judge_Column);
+        Queue_Keys(QString(bursts[d]).replace(' ', '\n') + "\n");
+        QCoreApplication::processEvents();
+        const QString upper = QString(bursts[d]).replace('d', 'D');
+        QCOMPARE(shown(), upper);
+        QPushButton *next = d + 1 < bursts.size() ? s.findChild<QPushButton *>(buttons[d + 1]) : s.Cmd_Tally;
+        Click(next);
+        if (bursts[d].split(' ').contains(refused)) {
+            // Every typed mark stays, still unsaved; the retry stores them all.
+            QCOMPARE(Dialogs::lastRecord().text, Mark_Update_Message);
+            QCOMPARE(shown(), upper);
+            QVERIFY(s.Unsaved_Marks());
+            conn.execute("DROP TRIGGER refuse");
+            Click(next);
+        }
+        QVERIFY(!s.Unsaved_Marks());
+        QStringList stored;
+        for (int j = 1; j <= 3; ++j) {
+            RowSet rs = conn.query(QString("SELECT points_awarded%1 AS m FROM judges_results WHERE group_id = 'C1' AND "
+                                           "dance_id = %2 ORDER BY competitor_id").arg(j).arg(d + 1));
+            for (; !rs.eof(); rs.next())
+                stored << (rs.text("m") == "-1" ? "D" : rs.text("m"));
+        }
+        QCOMPARE(stored.join(' '), upper);
+    }
+    QCOMPARE(Fixture::Count(conn, "highland_results", "group_id = 'C1' AND placing = 1"), 1);
+    Set_Pause_Scale(0.0);
 }
 
 QTEST_MAIN(TestChampScreen)

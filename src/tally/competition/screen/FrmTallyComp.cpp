@@ -267,6 +267,8 @@ void FrmTallyComp::Connect_Handlers()
         if (m_eventLive)
             LstGroup_Click();
     });
+    new Shown_Entry_Click(LstGroup, [this] { return m_selectedEvent; }, [this] { Load_Event(m_selectedEvent); });
+    On_Screen_Focus(this, [this] { Own_Choice(); });
     for (int n = 1; n <= 10; ++n)
         connect(Cmd[n], &QPushButton::clicked, this, [this, n] { Cmd_Click(n); });
     connect(CmdTally, &QPushButton::clicked, this, &FrmTallyComp::CmdTally_Click);

@@ -1,6 +1,7 @@
 #pragma once
 #include "ui/grid/grid_screen.h"
 #include "tally/competition/overall_settings.h"
+#include "tally/screen_choice.h"
 
 #include <QList>
 #include <QString>
@@ -75,6 +76,8 @@ public:
     std::array<short, 13> Dance_Ids{};          // by button; 1 to 12
     int No_Of_Dances = 0;
     QString txtfile;                            // the folder the Create Results File screen writes to
+    // The competition, event and dance of this screen, whatever another screen chose.
+    Screen_Choice Choice;
 
     // --- Routines -------------------------------------------------------------------
     void Enable_Buttons();
@@ -120,6 +123,9 @@ private:
     void Lay_Out_Frames();
 
     Mark_Rules &Marks();
+    // Sets the globals the results logic reads from this screen's own choice.
+    void Own_Choice() { Choice.Assert(); }
+    void Load_Event(int row);
     bool Editor_Accepts();
     // The save that precedes a change of event, dance, filter, report or
     // check: at once with auto-save on (unless askAlways), else after the

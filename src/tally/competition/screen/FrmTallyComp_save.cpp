@@ -13,7 +13,6 @@
 #include "core/globals.h"
 #include "ui/grid/flex_grid.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -26,13 +25,18 @@ const QString Button_Failure = QStringLiteral("There has been an error udating t
 
 bool FrmTallyComp::Save_And_Tally()
 {
+    Own_Choice();
     const Grid_Save_Result written = Run_Grid_Save(rules(), conn(), records(), Snapshot(), 0);
     if (written.failed || written.refusal) {
         Msg_Box(QStringLiteral("There was an error doing the update!"), vbExclamation, Validation_Error);
-        // The cell shows again what is stored.
-        const int record = written.row - Fixed_Rows();
-        if (record >= 0 && record < records().rowCount())
-            Set_Cell(written.row, 1, Mark_Text(records().value(record, 1)));
+        // Every typed mark stays on screen and unsaved; the record set reads
+        // again what the store really holds, so that the next save writes
+        // each mark that differs from it.
+        try {
+            records().requery();
+        } catch (const AppError &) {
+            // Unreadable too: the next save tries every mark that differs from the last reading.
+        }
         return false;
     }
     try {
@@ -83,6 +87,7 @@ void FrmTallyComp::Write_Compare_File_If_Checking()
 
 void FrmTallyComp::CmdTally_Click()
 {
+    Own_Choice();
     if (!Editor_Accepts())
         return;
     try {
@@ -97,6 +102,7 @@ void FrmTallyComp::CmdTally_Click()
 
 void FrmTallyComp::Run_Report_Button(void (FrmTallyComp::*report)())
 {
+    Own_Choice();
     if (!Editor_Accepts())
         return;
     try {
@@ -112,6 +118,7 @@ void FrmTallyComp::Run_Report_Button(void (FrmTallyComp::*report)())
 // The four report buttons are in FrmTallyComp_reports.cpp.
 void FrmTallyComp::CmdCheck_Click()
 {
+    Own_Choice();
     if (!Editor_Accepts())
         return;
     try {
@@ -124,6 +131,7 @@ void FrmTallyComp::CmdCheck_Click()
 
 void FrmTallyComp::CmdPrepare_Click()
 {
+    Own_Choice();
     // Only asks: no auto-save here, and no compare file: the Create Results
     // File screen writes it into the folder made ready here.
     if (!Editor_Accepts())
@@ -145,6 +153,7 @@ void FrmTallyComp::CmdPrepare_Click()
 
 bool FrmTallyComp::Query_Unload()
 {
+    Own_Choice();
     if (!Changed())
         return true;
     if (Msg_Box(QStringLiteral("Do you want to save your changes? "), vbYesNo + vbQuestion,
@@ -185,16 +194,11 @@ bool FrmTallyComp::Grid_Move_Key(QKeyEvent *e, bool fromEditor)
         if (!Editor_Accepts())
             return true;
         MSFlexGrid1->setFocus();
-        QCoreApplication::processEvents();
     }
+    // The cursor moves before this returns: a key typed after this one
+    // opens the editor on the next dancer, however fast it comes.
     const bool back = key == Qt::Key_Backtab || (tab && (e->modifiers() & Qt::ShiftModifier));
-    if (back) {
-        Move_Row(-1);
-    } else {
-        // Sent through the queue like a key press: the cursor moves after this returns.
-        QCoreApplication::postEvent(MSFlexGrid1, new QKeyEvent(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier));
-        QCoreApplication::postEvent(MSFlexGrid1, new QKeyEvent(QEvent::KeyRelease, Qt::Key_Down, Qt::NoModifier));
-    }
+    Move_Row(back ? -1 : 1);
     return true;
 }
 

@@ -43,8 +43,16 @@ void FrmTallyComp::LstGroup_Click()
 {
     const QListWidgetItem *picked = Selected_Item(LstGroup);
     const int row = picked ? LstGroup->row(picked) : -1;
-    if (row < 0 || row >= Event_Codes.size() || row == m_selectedEvent)
+    if (row != m_selectedEvent)
+        Load_Event(row);
+}
+
+void FrmTallyComp::Load_Event(int row)
+{
+    if (row < 0 || row >= Event_Codes.size())
         return;
+    // What is unsaved belongs to the event shown until now.
+    Own_Choice();
     Doing doing(QStringLiteral("Selecting the event ") + LstGroup->item(row)->text());
     auto stay = [this] {
         m_eventLive = false;
@@ -63,7 +71,8 @@ void FrmTallyComp::LstGroup_Click()
     m_selectedEvent = row;
     try {
         Event_Category = Event_Categories.at(row);
-        Current_Group_Id = Event_Codes.at(row);
+        Choice.group = Event_Codes.at(row);
+        Own_Choice();
         Event_Name = LstGroup->item(row)->text();
         Set_Dirty(false);
 
@@ -105,7 +114,7 @@ void FrmTallyComp::LstGroup_Click()
 
 void FrmTallyComp::Fill_Dance_Buttons()
 {
-    const short before = Current_Dance_Id;
+    const short before = Choice.dance;
     const QList<Dance_Entry> dances = Event_Dances(conn(), Current_Competition_Id, Event_Category);
     Dance_Ids.fill(0);
     m_danceButton = 0;
@@ -131,7 +140,8 @@ void FrmTallyComp::Fill_Dance_Buttons()
         // The dance shown before stays when the event has it, else the first.
         if (m_danceButton == 0)
             m_danceButton = 1;
-        Current_Dance_Id = Dance_Ids[m_danceButton];
+        Choice.dance = Dance_Ids[m_danceButton];
+        Current_Dance_Id = Choice.dance;
         Mark_Dance_Button(m_danceButton);
         Frame5->setTitle(Cmd[m_danceButton]->text());
         Frame4->setTitle(Cmd[m_danceButton]->text() + QStringLiteral(" Result"));
@@ -147,6 +157,7 @@ void FrmTallyComp::Cmd_Click(int n)
 {
     if (Dance_Ids[n] == 0)
         return;
+    Own_Choice();
     if (!Editor_Accepts() || !Save_Step(false, true)) {
         // The screen stays on the dance it shows.
         Mark_Dance_Button(m_danceButton);
@@ -155,7 +166,8 @@ void FrmTallyComp::Cmd_Click(int n)
     try {
         m_danceButton = n;
         Mark_Dance_Button(n);
-        Current_Dance_Id = Dance_Ids[n];
+        Choice.dance = Dance_Ids[n];
+        Own_Choice();
         Take_No_Prizes();
         No_Dancers_Live = false;
         Select_Entry(lstnodancers,
@@ -286,6 +298,8 @@ void FrmTallyComp::Tally_Dance()
 void FrmTallyComp::Tally_Overall()
 {
     Recalc_Overall(conn(), Overall, [this](int value, int max) { Show_Progress(value, max); });
+    // Another screen may have taken the focus during the tally's pause.
+    Own_Choice();
     Load_Results();
     Hide_Progress();
 }
@@ -311,6 +325,7 @@ void FrmTallyComp::LstNoPrizes_Click()
 {
     if (!Prizes_Live || !Selected_Item(LstNoPrizes))
         return;
+    Own_Choice();
     Doing doing(QStringLiteral("Setting the number of prizes of ") + Frame5->title());
     try {
         No_Prizes = Set_Dance_No_Prizes(conn(), static_cast<short>(Item_Value(LstNoPrizes)), Marked_Cells());
@@ -324,6 +339,7 @@ void FrmTallyComp::lstnodancers_Click()
 {
     if (!No_Dancers_Live || !lstnodancers->currentItem())
         return;
+    Own_Choice();
     Doing doing(QStringLiteral("Setting whether ") + Frame5->title() + QStringLiteral(" counts for the trophies"));
     try {
         Set_No_Dancers(conn(), Current_Competition_Id, Current_Group_Id, Current_Dance_Id, Item_Value(lstnodancers));
@@ -337,6 +353,7 @@ void FrmTallyComp::lst_filter_Click()
     const int row = lst_filter->currentRow();
     if (row < 0 || row == m_filterRow || m_selectedEvent < 0)
         return;
+    Own_Choice();
     if (!Editor_Accepts() || !Save_Step(false, true)) {
         lst_filter->blockSignals(true);
         lst_filter->setCurrentRow(m_filterRow);
@@ -359,6 +376,7 @@ void FrmTallyComp::LstJudge_Click()
     const QListWidgetItem *item = Selected_Item(LstJudge);
     if (!item || m_selectedEvent < 0)
         return;
+    Own_Choice();
     Doing doing(QStringLiteral("Setting the judge of ") + Frame5->title());
     try {
         const int judge = item->data(Qt::UserRole).toInt();

@@ -45,15 +45,6 @@ QVariant Mark_Value(const QString &text)
     return QVariant(d);
 }
 
-QString Mark_Text(const QVariant &value)
-{
-    if (value.isNull())
-        return QString();
-    if (value.typeId() == QMetaType::Double)
-        return QString::number(value.toDouble(), 'g', 15);
-    return value.toString();
-}
-
 QString Marks_Select(short comp, const QString &code, short dance, bool registeredOnly, const QString &orderSql)
 {
     const QString id = QString::number(comp);

@@ -16,8 +16,6 @@ Mark_Check Check_Mark(const QString &text);
 // number for a number. Any other text goes as text, which the mark column
 // refuses.
 QVariant Mark_Value(const QString &text);
-// A stored mark as the grid shows it: empty for NULL, 87.5, 12.
-QString Mark_Text(const QVariant &value);
 
 // The statement of the marks shown: all dancers of the dance, or with
 // registeredOnly only those signed in or without card (registered not NULL).

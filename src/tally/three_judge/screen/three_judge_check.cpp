@@ -28,10 +28,23 @@ void ThreeJudgeScreen::Write_Compare_After_Save()
     }
 }
 
+void ThreeJudgeScreen::Show_Checker(const QString &text1, const QString &text2)
+{
+    int lines = 0;
+    for (const QString &text : {text1, text2})
+        lines = qMax(lines, text.isEmpty() ? 0 : int(text.count(QLatin1Char('\n'))) + 1);
+    for (QPlainTextEdit *box : {txt_checker1, txt_checker2}) {
+        box->setPlainText(box == txt_checker1 ? text1 : text2);
+        box->setFixedHeight(box->fontMetrics().lineSpacing() * lines + 2 * box->frameWidth() + 8);
+    }
+    txt_checker1->parentWidget()->setVisible(lines > 0);
+}
+
 void ThreeJudgeScreen::CmdPrepare_Click()
 {
     // Asks whatever the auto-save setting, and tells nothing on success.
     Hide_Quick_Find();
+    Own_Choice();
     if (Unsaved_Marks() && !Ask_And_Save())
         return;
     try {
@@ -45,6 +58,7 @@ void ThreeJudgeScreen::CmdPrepare_Click()
 void ThreeJudgeScreen::CmdCheck_Click()
 {
     Hide_Quick_Find();
+    Own_Choice();
     if (!Check_Unsaved(false))
         return;
     try {
@@ -53,7 +67,6 @@ void ThreeJudgeScreen::CmdCheck_Click()
         Show_Unhandled_Fault(e.message());
     }
     // A missing file leaves the texts of the last check, and they are shown again.
-    txt_checker1->setPlainText(Box_Text(Check_Text_1));
-    txt_checker2->setPlainText(Box_Text(Check_Text_2));
+    Show_Checker(Box_Text(Check_Text_1), Box_Text(Check_Text_2));
     Set_Dirty(false);
 }

@@ -41,6 +41,8 @@ void ThreeJudgeScreen::LstGroup_Click()
     if (row < 0 || row >= m_events.size() || m_loadingEvent)
         return;
     m_loadingEvent = true;
+    // What is unsaved belongs to the event shown until now.
+    Own_Choice();
     // Changing the event asks whatever the auto-save setting says; a failed
     // save keeps the event shown, in the list too.
     if (Unsaved_Marks() && !Ask_And_Save()) {
@@ -60,15 +62,16 @@ void ThreeJudgeScreen::LstGroup_Click()
 
 void ThreeJudgeScreen::Select_Event(int row)
 {
-    const short comp = Current_Competition_Id;
-    Current_Group_Id = m_events.at(row).code;
-    const QString group = Current_Group_Id;
+    const short comp = Choice.competition;
+    Choice.group = m_events.at(row).code;
+    Own_Choice();
+    const QString group = Choice.group;
     Disable_Buttons();
     // The grid is cleared: no marks of the last event are left to save.
     Set_Dirty(false);
     // Until the event's marks are read, the grid reads nothing of the last one.
     Marks().select = Empty_Marks_Select();
-    const short before = Current_Dance_Id;
+    const short before = Choice.dance;
 
     if (m_kind.danceIdsFromCategory) {
         if (Premiership_Dance_Count(conn(), comp, group) != 4) {
@@ -90,6 +93,7 @@ void ThreeJudgeScreen::Select_Event(int row)
     Current_Dance_Id = before;
     if (m_kind.danceIdsFromCategory && before == No_Dance_Yet)
         Current_Dance_Id = Event_Dance_Ids[1];
+    Choice.dance = Current_Dance_Id;
     m_eventName = LstGroup->item(row)->text();
     lblEvent->setText(m_eventName);
     Show_Current_Dance();
@@ -143,11 +147,13 @@ void ThreeJudgeScreen::Show_Current_Dance()
 
 void ThreeJudgeScreen::Dance_Button_Click(int n)
 {
+    Own_Choice();
     if (!Check_Unsaved())
         return;
     Doing doing(QStringLiteral("Showing the dance ") + Dance_Buttons[n - 1]->text() + QStringLiteral(" of ") + m_eventName);
     try {
-        Current_Dance_Id = Dance_Id_Of(n);
+        Choice.dance = Dance_Id_Of(n);
+        Own_Choice();
         Show_Current_Dance();
         Refresh_Dance();
     } catch (const AppError &e) {
@@ -170,6 +176,7 @@ void ThreeJudgeScreen::Show_Dance_Name_Editor()
 
 void ThreeJudgeScreen::Save_Dance_Names()
 {
+    Own_Choice();
     // Dance by dance; a name that cannot be stored stops here with its box,
     // the names before it saved and the editor still open.
     for (int n = 1; n <= 4; ++n) {
@@ -192,6 +199,7 @@ void ThreeJudgeScreen::Save_Dance_Names()
 
 void ThreeJudgeScreen::Reset_Dance_Names()
 {
+    Own_Choice();
     Dance_Names = Default_Dance_Names();
     for (int n = 1; n <= 4; ++n)
         Set_Dance_Caption(n, Dance_Names[n - 1]);

@@ -4,7 +4,6 @@
 #include "mark_rules.h"
 #include "ui/grid/flex_grid.h"
 
-#include <QCoreApplication>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -77,8 +76,9 @@ bool ThreeJudgeScreen::Editor_Key_Here(QKeyEvent *e)
         return false;
     if (!Validate_Cell())
         return true;
+    // The cursor moves before this returns: a key typed after this one lands
+    // on the next cell, however fast it comes.
     MSFlexGrid1->setFocus();
-    QCoreApplication::processEvents();
     // Enter wraps to the next judge at the last row; Tab only goes down.
     if (back)
         Move_Up();

@@ -76,8 +76,7 @@ int ThreeJudgeScreen::Filter_Value() const
 
 void ThreeJudgeScreen::Refresh_Dance()
 {
-    txt_checker1->clear();
-    txt_checker2->clear();
+    Show_Checker(QString(), QString());
     Load_Marks();
     Load_Result_Grids();
     Load_No_Dancers();
@@ -177,6 +176,8 @@ void ThreeJudgeScreen::Tally_Overall_Shown()
         ProgressBar1->setRange(0, max);
         ProgressBar1->setValue(value);
     });
+    // Another screen may have taken the focus during the tally's pause.
+    Own_Choice();
     Load_Result_Grids();
     ProgressBar1->setValue(ProgressBar1->maximum());
     ProgressBar1->hide();
@@ -198,6 +199,7 @@ void ThreeJudgeScreen::Judge_List_Click(int n)
     const QListWidgetItem *it = Selected(LstJudge[n - 1]);
     if (!it)
         return;
+    Own_Choice();
     const int judge = it->data(Qt::UserRole).toInt();
     Doing doing(QStringLiteral("Setting judge %1 of ").arg(n) + m_eventName);
     try {
@@ -214,6 +216,7 @@ void ThreeJudgeScreen::lstnodancers_Click()
     const QListWidgetItem *it = Selected(lstnodancers);
     if (!m_noDancersLive || !it)
         return;
+    Own_Choice();
     Doing doing(QStringLiteral("Setting whether this dance of ") + m_eventName + QStringLiteral(" counts for the trophies"));
     try {
         Set_Include_In_Trophies(conn(), Current_Competition_Id, Current_Group_Id, Current_Dance_Id,
@@ -225,6 +228,7 @@ void ThreeJudgeScreen::lstnodancers_Click()
 
 void ThreeJudgeScreen::lst_filter_Click()
 {
+    Own_Choice();
     if (!lst_filter->isEnabled() || !Check_Unsaved())
         return;
     Doing doing(QStringLiteral("Showing the marks of ") + m_eventName);
@@ -265,6 +269,7 @@ bool ThreeJudgeScreen::Ask_And_Save()
 
 bool ThreeJudgeScreen::Save_And_Tally()
 {
+    Own_Choice();
     Hide_Quick_Find();
     Commit_Edit();
     try {
@@ -292,9 +297,11 @@ bool ThreeJudgeScreen::Read_Values_From_Grid()
 
 void ThreeJudgeScreen::Cmd_Tally_Click()
 {
-    // The compare file follows whether the save succeeded or not.
-    Save_And_Tally();
-    Set_Dirty(false);
+    // The compare file follows whether the save succeeded or not; after a
+    // failure every typed mark stays on screen, still unsaved.
+    Own_Choice();
+    if (Save_And_Tally())
+        Set_Dirty(false);
     Write_Compare_After_Save();
 }
 
@@ -302,6 +309,7 @@ bool ThreeJudgeScreen::Query_Unload()
 {
     if (!Unsaved_Marks())
         return true;
+    Own_Choice();
     return Ask_And_Save();
 }
 
@@ -309,6 +317,7 @@ bool ThreeJudgeScreen::Query_Unload()
 
 void ThreeJudgeScreen::CmdRand_Click()
 {
+    Own_Choice();
     Doing doing(QStringLiteral("Making a random draw for ") + m_eventName);
     try {
         const int rows = MSFlexGrid1->rowCount();
@@ -328,6 +337,7 @@ void ThreeJudgeScreen::Report_Button_Click(QPushButton *button)
 {
     if (button != CmdSOBHD && button != Cmd_Top_10 && button != Cmd_Top_10_Print)
         Hide_Quick_Find();
+    Own_Choice();
     if (!Check_Unsaved())
         return;
     Set_Dirty(false);

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -96,7 +97,7 @@ ThreeJudgeScreen::ThreeJudgeScreen(const Three_Judge_Kind &kind, QWidget *parent
             main->setWindowTitle(App_Title + m_kind.mainTitleSuffix);
 
     Dance_Names = Default_Dance_Names();
-    Current_Dance_Id = m_kind.startDanceId;
+    Choice.dance = m_kind.startDanceId;
     if (Load_Grid()) {
         Load_Events();
         Load_Judge_Lists();
@@ -192,6 +193,23 @@ QWidget *ThreeJudgeScreen::Build_Middle()
     marks->addWidget(MSFlexGrid1, 1);
     v->addWidget(Frame5, 1);
 
+    // Under the marks, this computer's and the remote one's side by side, as
+    // tall as their text: nothing while no check has failed.
+    QGroupBox *checker = Frame(QStringLiteral("Frame10"), QStringLiteral("Result Checker"));
+    auto *c = new QHBoxLayout(checker);
+    txt_checker1 = new QPlainTextEdit;
+    txt_checker1->setObjectName(QStringLiteral("txt_checker1"));
+    txt_checker2 = new QPlainTextEdit;
+    txt_checker2->setObjectName(QStringLiteral("txt_checker2"));
+    for (QPlainTextEdit *t : {txt_checker1, txt_checker2}) {
+        t->setReadOnly(true);
+        t->setLineWrapMode(QPlainTextEdit::NoWrap);
+        t->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        c->addWidget(t);
+    }
+    v->addWidget(checker);
+    Show_Checker(QString(), QString());
+
     auto *progress = new QHBoxLayout;
     Label_progress = new QLabel(QStringLiteral("Tallying in Progress"));
     Label_progress->setObjectName(QStringLiteral("Label_progress"));
@@ -219,6 +237,9 @@ QWidget *ThreeJudgeScreen::Build_Right()
 
     QGroupBox *overall = Frame(QStringLiteral("Frame3"), QStringLiteral("Overall Result"));
     GrdHR = Result_Grid(QStringLiteral("GrdHR"));
+    // Each result shows at least its caption and the six prize-winners.
+    for (FlexGrid *g : {GrdODR, GrdHR})
+        g->setMinimumHeight(g->verticalHeader()->defaultSectionSize() * 7 + 2 * g->frameWidth());
     (new QVBoxLayout(overall))->addWidget(GrdHR);
     v->addWidget(overall, 1);
 
@@ -253,19 +274,6 @@ QWidget *ThreeJudgeScreen::Build_Right()
     h->addWidget(CmdCheck);
     v->addWidget(check);
 
-    QGroupBox *checker = Frame(QStringLiteral("Frame10"), QStringLiteral("Result Checker"));
-    auto *c = new QVBoxLayout(checker);
-    txt_checker1 = new QPlainTextEdit;
-    txt_checker1->setObjectName(QStringLiteral("txt_checker1"));
-    txt_checker2 = new QPlainTextEdit;
-    txt_checker2->setObjectName(QStringLiteral("txt_checker2"));
-    // One labelled line per value: dance, judge, number, place.
-    for (QPlainTextEdit *t : {txt_checker1, txt_checker2}) {
-        t->setReadOnly(true);
-        t->setFixedHeight(t->fontMetrics().lineSpacing() * 6 + 10);
-        c->addWidget(t);
-    }
-    v->addWidget(checker);
     return right;
 }
 
@@ -316,6 +324,8 @@ void ThreeJudgeScreen::Connect_Controls()
     // Lists act on a selection made by the operator or by code, never on
     // the cursor a list puts on its first entry when it takes the focus.
     connect(LstGroup, &QListWidget::itemSelectionChanged, this, [this] { LstGroup_Click(); });
+    new Shown_Entry_Click(LstGroup, [this] { return m_eventRow; }, [this] { LstGroup_Click(); });
+    On_Screen_Focus(this, [this] { Own_Choice(); });
     for (int i = 0; i < 4; ++i) {
         connect(Dance_Buttons[i], &QPushButton::clicked, this, [this, i] { Dance_Button_Click(i + 1); });
         connect(cmd_edit[i], &QPushButton::clicked, this, &ThreeJudgeScreen::Show_Dance_Name_Editor);

@@ -2,6 +2,7 @@
 #include "three_judge_kind.h"
 #include "three_judge_sheet.h"
 #include "tally/three_judge/sheets/three_judge_sheets.h"
+#include "tally/screen_choice.h"
 #include "ui/grid/grid_screen.h"
 
 #include <array>
@@ -71,6 +72,8 @@ public:
     short No_Overall_Prizes = 0;
     std::array<short, 13> Event_Dance_Ids{};   // 1 to 12 in use
     std::array<QString, 4> Dance_Names;
+    // The competition, event and dance of this screen, whatever another screen chose.
+    Screen_Choice Choice;
 
     // --- Actions -------------------------------------------------------------------
     void LstGroup_Click();
@@ -95,6 +98,8 @@ public:
     bool Check_Unsaved(bool withCompare = true);
     bool Save_And_Tally();
     void Toggle_Quick_Find();
+    // The outcome of a failed check, this computer's and the remote one's.
+    void Show_Checker(const QString &text1, const QString &text2);
     void Add_Row() override {}
 
 protected:
@@ -152,6 +157,8 @@ private:
     void Write_Compare_After_Save();
     int Filter_Value() const;
     ThreeJudge::Mark_Rules &Marks();
+    // Sets the globals the results logic reads from this screen's own choice.
+    void Own_Choice() { Choice.Assert(); }
 
     const Three_Judge_Kind &m_kind;
     QList<ThreeJudge::Event_Entry> m_events;
