@@ -1,4 +1,6 @@
 #pragma once
+#include "file_contents.h"
+
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -24,6 +26,7 @@ struct Import_Result
     Status status = Done;
     int line = 0;          // the line of the fault, from 1
     QString message;       // the engine's (or the program's) message
+    File_Contents contents;   // what the lines read so far held
 };
 
 // The file's text split into lines: at CR LF, or at LF when that gives one

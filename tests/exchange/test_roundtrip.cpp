@@ -5,6 +5,7 @@
 #include "exchange/FrmBackup.h"
 #include "exchange/FrmRestore.h"
 #include "exchange/export_file.h"
+#include "exchange/import_file.h"
 
 #include "core/dialogs.h"
 #include "core/globals.h"
@@ -93,6 +94,20 @@ void TestRoundTrip::small_file_byte_for_byte()
                                      "12\t1\tBest\r\n13\tE1\r\n14\tOban\r\n15\tFling\r\n"));
     QCOMPARE(steps, QList<int>({2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
     QCOMPARE(Clean_Export_Name("Games 12/07/2026: <A&B>|?*\\"), QString("Games 12072026 AB"));
+
+    // A name outside the code page goes out with "?" for its letters, never the byte 0x1A,
+    // and read back in it still finds the competition it came from.
+    conn.execute(QString::fromUtf8("UPDATE competitions SET competition_name = '\u0141\u00f3d\u017a Open'"));
+    Write_Export_File(conn, 1, env.file("small.dmp"));
+    QVERIFY(f.seek(0));
+    const QByteArray bytes = f.readAll();
+    QVERIFY(bytes.startsWith("1\t1\t?\xf3" "d? Open\t") && !bytes.contains('\x1a'));
+    Import_Hooks yes;
+    yes.confirm = [](const QString &) { return true; };
+    QCOMPARE(Import_File(conn, env.file("small.dmp"), yes).contents.summary("imported"),
+             "?\u00f3d? Open 1/7/2026: 1 competitor, 1 event, 1 mark imported.");
+    QCOMPARE(Rows(conn, "SELECT competition_name, (SELECT count(*) FROM competitors) FROM competitions"),
+             QString::fromUtf8("\u0141\u00f3d\u017a Open|1"));
 }
 
 void TestRoundTrip::results_equal_after_import_elsewhere()
@@ -105,11 +120,14 @@ void TestRoundTrip::results_equal_after_import_elsewhere()
     QVERIFY(expected.count(';') > 300);
 
     // Written through the screen, as the operator does it.
+    QString backupSaid;
     {
         FrmBackup backup;
         backup.LstComp_Click(backup.LstComp->item(0));
         QCOMPARE(backup.txt_filename->text(), QString("St Andrew's Highland Games 12/07/2026"));
+        Dialogs::clearRecords();
         backup.CmdBackup->click();
+        backupSaid = Dialogs::lastRecord().text;
     }
     const QString written = source.file("Backup/St Andrew's Highland Games 12072026.dmp");
     QVERIFY(QFile::exists(written));
@@ -123,11 +141,29 @@ void TestRoundTrip::results_equal_after_import_elsewhere()
     FrmRestore restore;
     QCOMPARE(restore.lstFiles->count(), 1);  // an extension in capitals is not listed
     QCOMPARE(restore.lstFiles->currentItem()->text(), QString("games"));
+    // A folder typed in full is listed on Enter; the browser's title has no "&".
+    restore.txtfile->setText(target.path());
+    QTest::keyClick(restore.txtfile, Qt::Key_Return);
+    QCOMPARE(restore.lstFiles->count(), 0);
+    restore.txtfile->setText(target.file("Backup"));
+    Dialogs::queueText(QString());
+    restore.CmdBrowse->click();
+    QCOMPARE(Dialogs::lastRecord().text, QString("Select a restore directory:"));
+    QTest::keyClick(restore.txtfile, Qt::Key_Return);
+    QCOMPARE(restore.lstFiles->count(), 1);
+    // Nothing was chosen in this fresh data folder: the competition read becomes current.
+    Current_Competition_Id = 0;
+    Current_Competition_Name.clear();
     Dialogs::clearRecords();
     restore.CmdRestore->click();
-    QCOMPARE(Dialogs::texts(), QStringList());
+    const QString marks = Rows(from, "SELECT (SELECT count(*) FROM judges_results) + (SELECT count(*) FROM comp_judges_results)");
+    QCOMPARE(Dialogs::texts(), QStringList({"St Andrew's Highland Games 12/07/2026: 200 competitors, 6 events, "
+                                            + QLocale(QLocale::English).toString(marks.toInt()) + " marks imported."}));
+    QCOMPARE(backupSaid, "St Andrew's Highland Games 12/07/2026: 200 competitors, 6 events, "
+                             + QLocale(QLocale::English).toString(marks.toInt()) + " marks exported to " + written + ".");
     const short imported = Current_Competition_Id;
     QCOMPARE(imported, short(2));
+    QCOMPARE(Current_Competition_Name, QString("St Andrew's Highland Games"));
     QCOMPARE(Rows(to, "SELECT count(*), count(address1), count(nullif(notes, '')), sum(fee) FROM competitors WHERE competition_id = 2"),
              QString("200|200|180|2250"));
     QCOMPARE(Tally_And_Read(to, imported), expected);
@@ -137,7 +173,7 @@ void TestRoundTrip::results_equal_after_import_elsewhere()
     to.execute("INSERT INTO custom_reports(competition_id, name) VALUES (1, 'Other Trophy')");
     Dialogs::queueAnswer(vbYes);
     restore.CmdRestore->click();
-    QCOMPARE(Dialogs::texts().size(), 1);
+    QCOMPARE(Dialogs::texts().size(), 3);
     QCOMPARE(Rows(to, "SELECT count(*) FROM custom_reports_groups WHERE id NOT IN (SELECT id FROM custom_reports)"),
              QString("1"));
     QCOMPARE(Rows(to, "SELECT count(*) FROM competitions"), QString("2"));
