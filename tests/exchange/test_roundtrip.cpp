@@ -108,6 +108,21 @@ void TestRoundTrip::small_file_byte_for_byte()
              "?\u00f3d? Open 1/7/2026: 1 competitor, 1 event, 1 mark imported.");
     QCOMPARE(Rows(conn, "SELECT competition_name, (SELECT count(*) FROM competitors) FROM competitions"),
              QString::fromUtf8("\u0141\u00f3d\u017a Open|1"));
+
+    // Files of other installations, in UTF-8 with or without a mark or in Windows-1252, read alike;
+    // an empty one held nothing.
+    for (const QByteArray &file : {QByteArray("\xEF\xBB\xBF" "1\t1\tM\xC3\xB2rag Games\t2/7/2026\r\n"),
+                                   QByteArray("1\t1\tM\xC3\xB2rag Games\t2/7/2026\r\n"),
+                                   QByteArray("1\t1\tM\xF2rag Games\t2/7/2026\r\n"), QByteArray()}) {
+        f.close();
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(file) == file.size());
+        f.close();
+        QCOMPARE(Import_File(conn, env.file("small.dmp"), yes).contents.summary("imported"),
+                 file.isEmpty() ? "The file held nothing to import."
+                                : "M\u00f2rag Games 2/7/2026: 0 competitors, 0 events, 0 marks imported.");
+    }
+    QCOMPARE(Rows(conn, "SELECT competition_name FROM competitions WHERE competition_date = '2/7/2026'"),
+             QString("M\u00f2rag Games"));
 }
 
 void TestRoundTrip::results_equal_after_import_elsewhere()
