@@ -86,10 +86,7 @@ void TestImport::reads_each_generation_data()
            "points_awarded2, points_awarded3 FROM judges_results WHERE competition_id = :id" << "0|~|5|~" << 0;
     QTest::newRow("text in a number place never runs") << head + "8|E1|1|0|1); DELETE FROM competitions --\n" << ""
         << "SELECT count(*) FROM competitions" << "2" << 2;
-    QTest::newRow("judge matched by name, marks follow") << head + "8|E1|1|0|40\n6|40|Kerr|Ann\n" << ""
-        << "SELECT g.surname FROM judges_results_judges j JOIN judges g ON g.judge_id = j.judge_id "
-           "WHERE j.competition_id = :id" << "Kerr" << 0;
-    QTest::newRow("judges remapped once each over other judges")
+    QTest::newRow("judges matched by name, each remapped once over other judges")
         << head + "8|E1|1|0|5\n8|E1|1|1|4\n8|E1|1|2|6\n6|5|Kerr|Ann\n6|4|Grant|Bo\n6|6|Ross|Cy\n" << ""
         << "SELECT group_concat(surname) FROM (SELECT g.surname FROM judges_results_judges j JOIN judges g ON "
            "g.judge_id = j.judge_id WHERE j.competition_id = :id ORDER BY j.result_no)" << "Kerr,Grant,Ross" << 0;
