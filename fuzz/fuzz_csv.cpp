@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QString delims[] = {QStringLiteral(","), QStringLiteral("\t"), QStringLiteral(";"), QStringLiteral("||")};
     const QString delim = delims[data[0] & 3];
     const bool header = data[0] & 4, byHeadings = data[0] & 8;
-    const QString text = From_1252(QByteArray(reinterpret_cast<const char *>(data + 1), int(size - 1)));
+    const QString text = Decode_Text(QByteArray(reinterpret_cast<const char *>(data + 1), int(size - 1)));
     const Csv_File file = Read_Csv(text, delim);
     const Csv_Lists lists = Build_Csv_Lists(file, delim, header, byHeadings);
     QList<int> map;

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     Connection &conn = Fuzz_Connection();
     const bool yes = size > 0 && (data[0] & 1);
-    const QString text = From_1252(QByteArray(reinterpret_cast<const char *>(data), int(size)));
+    const QString text = Decode_Text(QByteArray(reinterpret_cast<const char *>(data), int(size)));
     Import_Hooks hooks;
     hooks.confirm = [yes](const QString &) { return yes; };
     Current_Competition_Id = 0;

@@ -63,7 +63,7 @@ int main(int argc, char **argv)
         const short comp = Sample_Competition(src, dancers);
         Write_Export_File(src, comp, dump);
     }
-    const QString text = Read_1252_File(dump);
+    const QString text = Read_Text_File(dump);
     const int lines = Split_Export_Lines(text).size() - 1;
 
     // The statements the import runs, caught once from the engine itself.

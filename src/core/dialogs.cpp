@@ -1,6 +1,7 @@
 #include "dialogs.h"
 #include "globals.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 #include <cstdio>
 
@@ -78,11 +79,14 @@ int Msg_Box(const QString &text, int style, const QString &title)
 
 QString Browse_For_Folder(const QString &prompt, const QString &startFolder)
 {
+    // The prompt becomes the browser's title, where a mnemonic "&" would show as it stands.
+    QString shown = prompt;
+    shown.replace(QRegularExpression(QStringLiteral("&(.)")), QStringLiteral("\\1"));
     if (g_scripted) {
-        g_records << Dialogs::Record{QStringLiteral("folder"), prompt, App_Title, 0};
+        g_records << Dialogs::Record{QStringLiteral("folder"), shown, App_Title, 0};
         return nextText();
     }
-    return g_presenter.folder ? g_presenter.folder(prompt, startFolder) : QString();
+    return g_presenter.folder ? g_presenter.folder(shown, startFolder) : QString();
 }
 
 QString Get_Open_File(const QString &title, const QString &folder, const QString &filter)

@@ -99,7 +99,7 @@ Compare_Outcome Compare_Results(const QStringList &thisList, const QStringList &
 
 QStringList Split_Compare_Text(const QByteArray &bytes)
 {
-    return From_1252(bytes).split(CrLf);
+    return Decode_Text(bytes).split(CrLf);
 }
 
 Compare_Outcome Check_Results(Connection &conn, const QString &eventName, const QString &mode)

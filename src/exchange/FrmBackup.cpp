@@ -108,7 +108,13 @@ void FrmBackup::CmdBackup_Click()
     ProgressBar1->show();
     Doing doing(QStringLiteral("Exporting ") + Current_Competition_Name + QStringLiteral(" to ") + path);
     try {
-        Write_Export_File(conn(), Current_Competition_Id, path, [this](int v) { ProgressBar1->setValue(v); });
+        const File_Contents written =
+            Write_Export_File(conn(), Current_Competition_Id, path, [this](int v) { ProgressBar1->setValue(v); });
+        ProgressBar1->hide();
+        Label_progress->hide();
+        Msg_Box(written.summary(QStringLiteral("exported to ") + QDir::toNativeSeparators(path)), vbInformation,
+                QStringLiteral("Backup"));
+        return;
     } catch (const AppError &e) {
         Msg_Box(Fault_Text(e.message()) + QStringLiteral("\nThe export stopped: the file ") + path
                     + QStringLiteral(" is incomplete. If this goes on, write to ") + QLatin1String(Contacts::Support_Email),

@@ -153,7 +153,7 @@ void FrmImport::Build_Lists()
         m_delim = TxtDelim->text();
     }
     bool ok = false;
-    const QString text = Read_1252_File(txtfile->text(), &ok);
+    const QString text = Read_Text_File(txtfile->text(), &ok);
     // Lists of an earlier file must not stay to be imported under a new name.
     m_file = Csv_File();
     List1->clear();
@@ -182,12 +182,11 @@ void FrmImport::CmdImport_Click()
     ProgressBar1->setRange(0, qMax(m_file.highest, 1));
     ProgressBar1->setValue(0);
     ProgressBar1->show();
-    const int count = Import_Csv(conn(), Current_Competition_Id, m_file, m_delim, chk_header->isChecked(), map,
-                                 [this](int line) { ProgressBar1->setValue(line + 1); });
-    // A fault ends the load without a word; the rows before it stay.
-    if (count >= 0) {
+    const Csv_Result r = Import_Csv(conn(), Current_Competition_Id, m_file, m_delim, chk_header->isChecked(), map,
+                                    [this](int line) { ProgressBar1->setValue(line + 1); });
+    // A fault ends the load at its line; the rows before it stay, and the box says both.
+    if (r.line == 0)
         ProgressBar1->setValue(ProgressBar1->maximum());
-        Msg_Box(QString::number(count) + QStringLiteral(" rows were successfully loaded. "));
-    }
+    Msg_Box(r.message());
     ProgressBar1->hide();
 }

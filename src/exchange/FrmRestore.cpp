@@ -47,6 +47,8 @@ FrmRestore::FrmRestore(QWidget *parent)
     connect(lstFiles, &QListWidget::itemClicked, this, &FrmRestore::lstFiles_Click);
     connect(CmdBrowse, &QPushButton::clicked, this, &FrmRestore::CmdBrowse_Click);
     connect(CmdRestore, &QPushButton::clicked, this, &FrmRestore::CmdRestore_Click);
+    // A folder typed in full is listed on Enter, as one chosen in the browser.
+    connect(txtfile, &QLineEdit::returnPressed, this, &FrmRestore::List_Export_Files);
 
     txtfile->setText(Data_Dir + QStringLiteral("Backup"));
     Open_Connection();
@@ -104,7 +106,15 @@ void FrmRestore::CmdRestore_Click()
     setEnabled(true);
     Label_progress->hide();
     ProgressBar1->hide();
-    if (r.status == Import_Result::Fault)
+    // The competition read stays current, with its name, so the title and sheets carry it
+    // (in a fresh data folder there was none before).
+    if (Current_Competition_Id > 0) {
+        Current_Competition_Name = r.contents.name;
+        Current_Competition_Date = r.contents.date;
+    }
+    if (r.status == Import_Result::Done)
+        Msg_Box(r.contents.summary(QStringLiteral("imported")), vbInformation, QStringLiteral("Restore"));
+    else if (r.status == Import_Result::Fault)
         Msg_Box(Fault_Text((r.line > 0 ? QStringLiteral("line %1: ").arg(r.line) : QString()) + r.message)
                     + QStringLiteral("\nThe import stopped there: the lines before it have been imported. If the file came from another "
                                      "installation, send it to ")

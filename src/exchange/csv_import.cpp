@@ -30,6 +30,27 @@ bool Is_Number_Position(int p)
     return p == 3 || p == 8;
 }
 
+// A number place holds a number, or NULL for an empty age or fee.
+QString Number_Value(const QString &value, const char *what)
+{
+    if (value.trimmed().isEmpty())
+        throw AppError(QStringLiteral("the %1 is missing.").arg(QLatin1String(what)));
+    try {
+        return Bare_Value(value);
+    } catch (const AppError &) {
+        const QString shown = QString(value).replace(QStringLiteral("''"), QStringLiteral("'"));
+        throw AppError(QStringLiteral("the %1 \"%2\" is not a number.").arg(QLatin1String(what), shown));
+    }
+}
+
+bool All_Empty(const QStringList &fields)
+{
+    for (const QString &f : fields)
+        if (!f.trimmed().isEmpty())
+            return false;
+    return true;
+}
+
 } // namespace
 
 Csv_File Read_Csv(const QString &text, const QString &delimiter)
@@ -81,17 +102,27 @@ Csv_Lists Build_Csv_Lists(const Csv_File &file, const QString &delimiter, bool h
     return lists;
 }
 
-int Import_Csv(Connection &conn, short competitionId, const Csv_File &file, const QString &delimiter, bool header,
-               const QList<int> &map, const std::function<void(int line)> &step)
+QString Csv_Result::message() const
+{
+    QString text = QString::number(count) + QStringLiteral(" rows were successfully loaded. ");
+    if (line > 0)
+        text += QStringLiteral("Line %1: ").arg(line) + reason;
+    return text;
+}
+
+Csv_Result Import_Csv(Connection &conn, short competitionId, const Csv_File &file, const QString &delimiter,
+                      bool header, const QList<int> &map, const std::function<void(int line)> &step)
 {
     Transaction work(conn);
     const QString id = QString::number(competitionId);
-    int count = 0;
+    Csv_Result result;
+    int &count = result.count;
     for (int i = header ? 1 : 0; i < file.highest; ++i) {
         QString line = Sql_Quote(file.lines.at(i));
         line.remove(QLatin1Char('"'));
         const QStringList fields = line.split(delimiter, Qt::KeepEmptyParts, Qt::CaseInsensitive);
-        if (fields.size() >= 3) {
+        // A spreadsheet leaves rows of bare delimiters behind its data.
+        if (fields.size() >= 3 && !All_Empty(fields)) {
             QStringList v;
             for (int p = 0; p < Csv_Positions; ++p) {
                 const int at = p < map.size() ? map.at(p) : -1;
@@ -100,7 +131,9 @@ int Import_Csv(Connection &conn, short competitionId, const Csv_File &file, cons
             }
             try {
                 In_Savepoint(conn, [&] {
-                    const QString number = Bare_Value(v[0]);
+                    const QString number = Number_Value(v[0], "competitor number");
+                    const QString age = v[3] == QLatin1String("NULL") ? v[3] : Number_Value(v[3], "age");
+                    const QString fee = v[8] == QLatin1String("NULL") ? v[8] : Number_Value(v[8], "fee");
                     conn.execute("DELETE FROM competitors WHERE competition_id = " + id + " AND competitor_id = " + number);
                     conn.execute("DELETE FROM competitor_groups WHERE competition_id = " + id + " AND competitor_id = "
                                  + number);
@@ -113,7 +146,7 @@ int Import_Csv(Connection &conn, short competitionId, const Csv_File &file, cons
                                  "address1, address2, town, postcode, fee, date_received, teacher, notes, group_id1, "
                                  "group_id2, group_id3, group_id4, group_id5, group_id6, group_id7, group_id8, custom1, "
                                  "custom2, custom3, custom4) VALUES(" + id + "," + number + ",'" + v[1] + "','" + v[2]
-                                 + "'," + Bare_Value(v[3]) + ",'" + middle.join("','") + "'," + Bare_Value(v[8]) + ",'"
+                                 + "'," + age + ",'" + middle.join("','") + "'," + fee + ",'"
                                  + tail.join("','") + "')");
                     ++count;
                     // An unknown or repeated event never stops the load: a repeat goes in once.
@@ -129,12 +162,14 @@ int Import_Csv(Connection &conn, short competitionId, const Csv_File &file, cons
                         }
                     }
                 });
-            } catch (const AppError &) {
-                return -1;
+            } catch (const AppError &e) {
+                result.line = i + 1;
+                result.reason = e.message();
+                return result;
             }
         }
         if (step)
             step(i);
     }
-    return count;
+    return result;
 }

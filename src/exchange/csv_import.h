@@ -38,10 +38,19 @@ struct Csv_Lists
 };
 Csv_Lists Build_Csv_Lists(const Csv_File &file, const QString &delimiter, bool header, bool byHeadings);
 
+struct Csv_Result
+{
+    int count = 0;     // rows loaded
+    int line = 0;      // the line (from 1) that stopped the load, 0 when none did
+    QString reason;
+    // The closing message: the count, and where and why the load stopped.
+    QString message() const;
+};
+
 // Loads the lines (from the second when header is set) into the competition:
-// a competitor number that exists is replaced. map holds, per position, the
-// file's field index or -1. Each line is one unit: a fault rolls back that
-// line's work and ends the load, the lines before stay. Returns the rows
-// loaded, or -1 when a fault ended the load.
-int Import_Csv(Connection &conn, short competitionId, const Csv_File &file, const QString &delimiter, bool header,
+// a competitor number that exists is replaced, a line whose fields are all
+// empty is passed over. map holds, per position, the file's field index or -1.
+// Each line is one unit: a fault rolls back that line's work and ends the
+// load, the lines before stay.
+Csv_Result Import_Csv(Connection &conn, short competitionId, const Csv_File &file, const QString &delimiter, bool header,
                const QList<int> &map, const std::function<void(int line)> &step = {});

@@ -35,12 +35,14 @@ public:
             throw AppError(QStringLiteral("Disk full or file error: ") + m_file.errorString());
     }
 
-    // One line per row, the columns in the statement's order.
-    void section(const QString &tag, const QString &sql, bool withId = true)
+    // One line per row, the columns in the statement's order. Gives the rows written.
+    int section(const QString &tag, const QString &sql, bool withId = true)
     {
         RowSet rs = m_conn.query(withId ? sql + m_id : sql);
-        for (; !rs.eof(); rs.next())
+        int n = 0;
+        for (; !rs.eof(); rs.next(), ++n)
             line(tag, row(rs));
+        return n;
     }
 
     static QStringList row(const RowSet &rs)
@@ -51,7 +53,7 @@ public:
         return out;
     }
 
-    void competition()
+    void competition(File_Contents &contents)
     {
         RowSet rs = m_conn.query(QStringLiteral(
             "SELECT competition_id, competition_name, competition_date, competition_organiser, organiser_role, "
@@ -60,6 +62,8 @@ public:
         QStringList last(11);
         for (; !rs.eof(); rs.next())
             last = row(rs);
+        contents.name = last.at(1);
+        contents.date = last.at(2);
         // Venue stands before town in the record.
         last.swapItemsAt(5, 6);
         line(QStringLiteral("1"), last);
@@ -103,8 +107,9 @@ QString Clean_Export_Name(const QString &typed)
     return name;
 }
 
-void Write_Export_File(Connection &conn, short competitionId, const QString &path, const Export_Step &step)
+File_Contents Write_Export_File(Connection &conn, short competitionId, const QString &path, const Export_Step &step)
 {
+    File_Contents contents;
     Transaction reads(conn);
     Export_Writer w(conn, competitionId, path);
     int value = 1;
@@ -113,26 +118,26 @@ void Write_Export_File(Connection &conn, short competitionId, const QString &pat
         if (step)
             step(++value);
     };
-    w.competition();
+    w.competition(contents);
     next();
     w.section("2", "SELECT category_id, category FROM categories WHERE competition_id = ");
     next();
     w.section("4", "SELECT category_id, dance_id, orderby FROM category_dances WHERE competition_id = ");
     next();
-    w.section("5", "SELECT group_id, competition_group_id, age_group, category, no_prizes, split_overalls, split_ages, "
+    contents.events = w.section("5", "SELECT group_id, competition_group_id, age_group, category, no_prizes, split_overalls, split_ages, "
                    "parent_group_id, championship_title, championship_type, no_overall_prizes, dancer_order, orderby, "
                    "inc_t_fling FROM age_groups where competition_id = ");
     next();
-    w.section("7", "SELECT competitor_id, forename, surname, town, age, fee, date_received, group_id1, group_id2, "
+    contents.competitors = w.section("7", "SELECT competitor_id, forename, surname, town, age, fee, date_received, group_id1, group_id2, "
                    "group_id3, group_id4, group_id5, group_id6, group_id7, group_id8, address1, address2, teacher, "
                    "notes, custom1, custom2, custom3, custom4, postcode FROM competitors where competition_id = ");
     next();
     w.section("8", "SELECT group_id, dance_id, result_no, judge_id FROM judges_results_judges where competition_id = ");
     next();
-    w.section("9", "SELECT group_id, dance_id, competitor_id, points_awarded1, points_awarded2, points_awarded3 "
+    contents.marks = w.section("9", "SELECT group_id, dance_id, competitor_id, points_awarded1, points_awarded2, points_awarded3 "
                    "FROM judges_results where competition_id = ");
     next();
-    w.section("10", "SELECT group_id, dance_id, competitor_id, points_awarded1 FROM comp_judges_results "
+    contents.marks += w.section("10", "SELECT group_id, dance_id, competitor_id, points_awarded1 FROM comp_judges_results "
                     "where competition_id = ");
     next();
     w.section("11", "SELECT group_id, dance_id, no_prizes FROM dance_no_prizes where competition_id = ");
@@ -143,4 +148,5 @@ void Write_Export_File(Connection &conn, short competitionId, const QString &pat
     next();
     w.reports();
     w.close();
+    return contents;
 }

@@ -1,4 +1,6 @@
 #pragma once
+#include "file_contents.h"
+
 #include <QString>
 #include <functional>
 
@@ -17,5 +19,6 @@ QString Clean_Export_Name(const QString &typed);
 
 // Writes the competition to path, overwriting any file there. The reads run in
 // one transaction. A fault (SQL or file) ends the work and leaves the part
-// written on disk; it reaches the caller as AppError or DbError.
-void Write_Export_File(Connection &conn, short competitionId, const QString &path, const Export_Step &step = {});
+// written on disk; it reaches the caller as AppError or DbError. Gives what
+// the file holds.
+File_Contents Write_Export_File(Connection &conn, short competitionId, const QString &path, const Export_Step &step = {});

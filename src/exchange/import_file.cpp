@@ -8,6 +8,7 @@
 #include "core/routines.h"
 
 #include <QDir>
+#include <QSet>
 
 namespace {
 
@@ -31,6 +32,7 @@ public:
         const QString tag = f(0);
         if (tag == QLatin1String("1"))
             return competition();
+        count(tag);
         if (tag == QLatin1String("2"))
             run("INSERT INTO categories(competition_id, category_id, category) VALUES(" + id() + ",'" + f(1) + "','"
                 + f(2) + "')");
@@ -61,17 +63,29 @@ public:
         else if (tag == QLatin1String("3"))
             dance();
         else if (tag == QLatin1String("12"))
-            report();
+            newReport();
         else if (tag == QLatin1String("13"))
-            run("INSERT INTO custom_reports_groups(id, group_id) VALUES (" + m_report + ",'" + f(1) + "')");
+            run("INSERT INTO custom_reports_groups(id, group_id) VALUES (" + report() + ",'" + f(1) + "')");
         else if (tag == QLatin1String("14"))
-            run("INSERT INTO custom_reports_fields(id, fvalue) VALUES (" + m_report + ",'" + f(1) + "')");
+            run("INSERT INTO custom_reports_fields(id, fvalue) VALUES (" + report() + ",'" + f(1) + "')");
         else if (tag == QLatin1String("15"))
             reportDance();
         return true;
     }
 
+    Import_Result &result() { return m_result; }
+
 private:
+    void count(const QString &tag)
+    {
+        if (tag == QLatin1String("7"))
+            ++m_result.contents.competitors;
+        else if (tag == QLatin1String("5"))
+            ++m_result.contents.events;
+        else if (tag == QLatin1String("9") || tag == QLatin1String("10"))
+            ++m_result.contents.marks;
+    }
+
     QString f(int i) const
     {
         if (i >= m_f.size())
@@ -92,9 +106,13 @@ private:
     bool competition()
     {
         Current_Competition_Id = -99;
+        m_result.contents.name = Un_Quote(f(2));
+        m_result.contents.date = Un_Quote(f(3));
+        m_movedJudges.clear();
         RowSet found = m_conn.query(findCompetition());
-        if (!found.eof()) {
-            Current_Competition_Id = To_Int16(found.value(0));
+        const short written = found.eof() ? Written_Alike() : To_Int16(found.value(0));
+        if (written != -99) {
+            Current_Competition_Id = written;
             // The box shows the names as the file has them, quotes single.
             const QString text = QStringLiteral("A matching event has been found in the database: \n")
                                  + Un_Quote(f(2)) + QLatin1Char(' ') + Un_Quote(f(3))
@@ -122,6 +140,18 @@ private:
         for (; !made.eof(); made.next())
             Current_Competition_Id = To_Int16(made.value(0));
         return true;
+    }
+
+    // A name with letters outside the file's code page comes back with "?" in their place:
+    // it is still the competition it was written from.
+    short Written_Alike() const
+    {
+        RowSet rs = m_conn.query("SELECT competition_id, competition_name FROM competitions WHERE competition_date = '"
+                                 + f(3) + "'");
+        for (; !rs.eof(); rs.next())
+            if (From_1252(To_1252(rs.text(QStringLiteral("competition_name")))) == m_result.contents.name)
+                return To_Int16(rs.value(0));
+        return -99;
     }
 
     static QString Un_Quote(QString v) { return v.replace(QStringLiteral("''"), QStringLiteral("'")); }
@@ -241,9 +271,21 @@ private:
                 + "')");
             found = lastId(find);
         }
-        if (differs(found, f(1)))
-            run("UPDATE judges_results_judges SET judge_id = " + QString::number(found) + " WHERE competition_id = "
-                + id() + " AND judge_id = " + bare(1));
+        if (!differs(found, f(1)))
+            return;
+        // A row already given its judge stays: a later judge's old id may be this one's new id.
+        QStringList rows;
+        RowSet rs = m_conn.query("SELECT rowid FROM judges_results_judges WHERE competition_id = " + id()
+                                 + " AND judge_id = " + bare(1));
+        for (; !rs.eof(); rs.next())
+            if (!m_movedJudges.contains(rs.value(0).toLongLong()))
+                rows << rs.value(0).toString();
+        if (rows.isEmpty())
+            return;
+        run("UPDATE judges_results_judges SET judge_id = " + QString::number(found) + " WHERE rowid IN ("
+            + rows.join(QLatin1Char(',')) + ")");
+        for (const QString &r : rows)
+            m_movedJudges.insert(r.toLongLong());
     }
 
     void dance()
@@ -262,7 +304,15 @@ private:
                 + " WHERE competition_id = " + id() + " AND dance_id = " + bare(1));
     }
 
-    void report()
+    // Records 13 to 15 belong to the last record 12 above them.
+    QString report() const
+    {
+        if (m_report.isEmpty())
+            throw AppError(QStringLiteral("a custom report line stands before any report"));
+        return m_report;
+    }
+
+    void newReport()
     {
         run("INSERT INTO custom_reports(competition_id, name) VALUES (" + id() + ",'" + f(2) + "')");
         RowSet rs = m_conn.query("SELECT id FROM custom_reports WHERE competition_id = " + id() + " AND name = '" + f(2)
@@ -273,14 +323,16 @@ private:
     void reportDance()
     {
         RowSet rs = m_conn.query("SELECT dance_id from dances WHERE dance = '" + f(1) + "'");
-        run("INSERT INTO custom_reports_dances(id, dance_id) VALUES (" + m_report + "," + rs.value(0).toString() + ")");
+        run("INSERT INTO custom_reports_dances(id, dance_id) VALUES (" + report() + "," + rs.value(0).toString() + ")");
     }
 
     Connection &m_conn;
     const Import_Hooks &m_hooks;
     QStringList m_f;
-    QString m_report = QStringLiteral("NULL");
+    QString m_report;
     short m_competitor = 0;
+    QSet<qint64> m_movedJudges;   // judges_results_judges rows already given their judge
+    Import_Result m_result;
 };
 
 } // namespace
@@ -299,9 +351,9 @@ Import_Result Import_Text(Connection &conn, const QString &text, const Import_Ho
     const int highest = lines.size() - 1;
     if (hooks.start)
         hooks.start(highest);
-    Import_Result result;
     Transaction work(conn);
     Line_Reader reader(conn, hooks);
+    Import_Result &result = reader.result();
     short counter = 0;
     // The last element is never read: the empty text behind the last line end,
     // or a last line that has none.
@@ -329,7 +381,7 @@ Import_Result Import_Text(Connection &conn, const QString &text, const Import_Ho
 Import_Result Import_File(Connection &conn, const QString &path, const Import_Hooks &hooks)
 {
     bool ok = false;
-    const QString text = Read_1252_File(path, &ok);
+    const QString text = Read_Text_File(path, &ok);
     if (!ok) {
         Import_Result r;
         r.status = Import_Result::Fault;

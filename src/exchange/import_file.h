@@ -1,4 +1,6 @@
 #pragma once
+#include "file_contents.h"
+
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -24,6 +26,7 @@ struct Import_Result
     Status status = Done;
     int line = 0;          // the line of the fault, from 1
     QString message;       // the engine's (or the program's) message
+    File_Contents contents;   // what the lines read so far held
 };
 
 // The file's text split into lines: at CR LF, or at LF when that gives one
@@ -33,7 +36,7 @@ QStringList Split_Export_Lines(const QString &text);
 // All runs in one transaction, committed after a fault as well: the lines
 // before the fault stay, at one sync.
 Import_Result Import_Text(Connection &conn, const QString &text, const Import_Hooks &hooks = {});
-// The file read whole as Windows-1252; an unreadable file is a fault at line 0.
+// The file read whole (UTF-8 or Windows-1252, Decode_Text); an unreadable file is a fault at line 0.
 Import_Result Import_File(Connection &conn, const QString &path, const Import_Hooks &hooks = {});
 
 // True for a name whose extension is "dmp" exactly (capitals are not listed).

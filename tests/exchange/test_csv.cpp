@@ -5,6 +5,7 @@
 #include "exchange/csv_import.h"
 #include "exchange/field_list.h"
 
+#include "core/codec.h"
 #include "core/dialogs.h"
 #include "core/globals.h"
 #include "support/fixtures.h"
@@ -34,33 +35,46 @@ const QString Dancers = "SELECT competitor_id, forename, surname, age, town, fee
 
 void TestCsv::loads_data()
 {
-    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("delim");
     QTest::addColumn<QList<int>>("map");  // file field per position; empty: matched by headings
-    QTest::addColumn<int>("count");       // -1: stopped by a fault
+    QTest::addColumn<QString>("message");
     QTest::addColumn<QString>("expected");
 
     const QList<int> nfsa = {0, 1, 2, 3, -1, -1, 4};
+    const QString one = "1 rows were successfully loaded. ", two = "2 rows were successfully loaded. ";
     QTest::newRow("headings, any case, quotes dropped")
-        << "\"NUMBER\",lastname,Firstname,Town,Event1,Event2,Age\r\n7,O'Neill,\"Amy\",Oban,E1,E1,9\r\n"
-        << "," << QList<int>() << 1 << "7|Amy|O'Neill|9|Oban|~||E1|E1|E1";
-    QTest::newRow("tab, more fields than placed") << "1\tAmy\tWatt\t8\tOban\tx\ty\r\n2\tBeth\tRoss\t\tPerth\r\n" << "\t"
-        << nfsa << 2 << "1|Amy|Watt|8|Oban|~||||~;2|Beth|Ross|~|Perth|~||||~";
-    QTest::newRow("other delimiter, last line without end") << "1;Amy;Watt;8;Oban\r\n2;Beth;Ross;7;Perth" << ";" << nfsa
-        << 2 << "1|Amy|Watt|8|Oban|~||||~;2|Beth|Ross|7|Perth|~||||~";
+        << QByteArray("\"NUMBER\",lastname,Firstname,Town,Event1,Event2,Age\r\n7,O'Neill,\"Amy\",Oban,E1,E1,9\r\n")
+        << "," << QList<int>() << one << "7|Amy|O'Neill|9|Oban|~||E1|E1|E1";
+    QTest::newRow("tab, more fields than placed") << QByteArray("1\tAmy\tWatt\t8\tOban\tx\ty\r\n2\tBeth\tRoss\t\tPerth\r\n")
+        << "\t" << nfsa << two << "1|Amy|Watt|8|Oban|~||||~;2|Beth|Ross|~|Perth|~||||~";
+    QTest::newRow("other delimiter, last line without end") << QByteArray("1;Amy;Watt;8;Oban\r\n2;Beth;Ross;7;Perth")
+        << ";" << nfsa << two << "1|Amy|Watt|8|Oban|~||||~;2|Beth|Ross|7|Perth|~||||~";
     QTest::newRow("short lines skipped, fee and notes")
-        << "1,Amy,Watt,,Oban,12.5,Paid late\r\n\r\nx,y\r\n" << "," << QList<int>{0, 1, 2, -1, -1, -1, 4, -1, 5, -1, -1, 6}
-        << 1 << "1|Amy|Watt|~|Oban|12.5|Paid late|||~";
-    QTest::newRow("text age stops at its line") << "1,Amy,Watt,8\r\n2,Beth,Ross,eight\r\n3,Cara,Mair,9\r\n" << ","
-        << nfsa << -1 << "1|Amy|Watt|8||~||||~";
+        << QByteArray("1,Amy,Watt,,Oban,12.5,Paid late\r\n\r\nx,y\r\n") << ","
+        << QList<int>{0, 1, 2, -1, -1, -1, 4, -1, 5, -1, -1, 6} << one << "1|Amy|Watt|~|Oban|12.5|Paid late|||~";
+    QTest::newRow("text age stops at its line") << QByteArray("1,Amy,Watt,8\r\n2,Beth,Ross,7\r\n3,Cara,Mair,nine\r\n")
+        << "," << nfsa << two + "Line 3: the age \"nine\" is not a number." << "1|Amy|Watt|8||~||||~;2|Beth|Ross|7||~||||~";
+    QTest::newRow("spreadsheet's empty rows passed over")
+        << QByteArray("1,Amy,Watt,8,\r\n,,,,\r\n2,Beth,Ross,7,\r\n,,,,\r\n\"\",,,,\r\n") << "," << nfsa << two
+        << "1|Amy|Watt|8||~||||~;2|Beth|Ross|7||~||||~";
+    // Today's spreadsheets write UTF-8, often behind a byte-order mark; older ones Windows-1252.
+    QTest::newRow("UTF-8 with mark, by headings") << QByteArray("\xEF\xBB\xBFNumber,Firstname,Lastname\r\n1,M\xC3\xB2rag,D\xC3\xB9ghlas\r\n")
+        << "," << QList<int>() << one << "1|M\u00f2rag|D\u00f9ghlas|~||~||||~";
+    QTest::newRow("UTF-8, dragged") << QByteArray("1,M\xC3\xB2rag,\xC5\x81\xC3\xB3" "d\xC5\xBA\r\n") << "," << nfsa << one
+        << "1|M\u00f2rag|\u0141\u00f3d\u017a|~||~||||~";
+    QTest::newRow("Windows-1252") << QByteArray("1,M\xF2rag,O\x92Neill\r\n") << "," << nfsa << one
+        << "1|M\u00f2rag|O\u2019Neill|~||~||||~";
+    QTest::newRow("mixed bytes read as Windows-1252") << QByteArray("1,M\xC3\xB2rag,Ross\r\n2,M\xF2rag,Ross\r\n") << ","
+        << nfsa << two << "1|M\u00c3\u00b2rag|Ross|~||~||||~;2|M\u00f2rag|Ross|~||~||||~";
 }
 
 void TestCsv::loads()
 {
-    QFETCH(QString, file);
+    QFETCH(QByteArray, file);
     QFETCH(QString, delim);
     QFETCH(QList<int>, map);
-    QFETCH(int, count);
+    QFETCH(QString, message);
     QFETCH(QString, expected);
 
     TestDataFolder env;
@@ -68,13 +82,13 @@ void TestCsv::loads()
     conn.open();
     const short comp = Fixture::Competition(conn);
     const bool byHeadings = map.isEmpty();
-    const Csv_File csv = Read_Csv(file, delim);
+    const Csv_File csv = Read_Csv(Decode_Text(file), delim);
     if (byHeadings)
         for (const Csv_Item &i : Build_Csv_Lists(csv, delim, true, true).placed)
             map << i.index;
-    QCOMPARE(Import_Csv(conn, comp, csv, delim, byHeadings, map), count);
-    if (count > 0)  // a second run gives no doubles
-        QCOMPARE(Import_Csv(conn, comp, csv, delim, byHeadings, map), count);
+    // A second run gives no doubles.
+    for (int run = 0; run < 2; ++run)
+        QCOMPARE(Import_Csv(conn, comp, csv, delim, byHeadings, map).message(), message);
     QCOMPARE(Rows(conn, Dancers), expected);
 }
 

@@ -10,6 +10,14 @@
 
 #include <QtTest>
 
+namespace {
+// Every table that holds rows of a competition by its id.
+const QStringList Competition_Tables = {"dance_results", "highland_results", "judges_results", "comp_judges_results",
+                                        "judges_results_judges", "judges", "overall_dance_results", "tie_break",
+                                        "competitors", "competitor_groups", "age_groups", "categories",
+                                        "category_dances", "dance_no_prizes", "dance_no_dancers"};
+} // namespace
+
 class TestImport : public QObject
 {
     Q_OBJECT
@@ -78,9 +86,20 @@ void TestImport::reads_each_generation_data()
            "points_awarded2, points_awarded3 FROM judges_results WHERE competition_id = :id" << "0|~|5|~" << 0;
     QTest::newRow("text in a number place never runs") << head + "8|E1|1|0|1); DELETE FROM competitions --\n" << ""
         << "SELECT count(*) FROM competitions" << "2" << 2;
-    QTest::newRow("judge matched by name, marks follow") << head + "8|E1|1|0|40\n6|40|Kerr|Ann\n" << ""
-        << "SELECT g.surname FROM judges_results_judges j JOIN judges g ON g.judge_id = j.judge_id "
-           "WHERE j.competition_id = :id" << "Kerr" << 0;
+    QTest::newRow("judges matched by name, each remapped once over other judges")
+        << head + "8|E1|1|0|5\n8|E1|1|1|4\n8|E1|1|2|6\n6|5|Kerr|Ann\n6|4|Grant|Bo\n6|6|Ross|Cy\n" << ""
+        << "SELECT group_concat(surname) FROM (SELECT g.surname FROM judges_results_judges j JOIN judges g ON "
+           "g.judge_id = j.judge_id WHERE j.competition_id = :id ORDER BY j.result_no)" << "Kerr,Grant,Ross" << 0;
+    QTest::newRow("report rows before any report") << head + "14|Oban\n" << ""
+        << "SELECT count(*) FROM custom_reports_fields WHERE id IS NULL" << "0" << 2;
+    QString perTable, others;
+    for (const QString &t : Competition_Tables) {
+        perTable += QString(perTable.isEmpty() ? "SELECT " : " || ',' || ") + "(SELECT count(*) FROM " + t
+                    + " WHERE competition_id = :id)";
+        others += " + (SELECT count(*) FROM " + t + " WHERE competition_id = 99)";
+    }
+    QTest::newRow("every table of the old competition emptied first") << "every:" + replace + "2|X|Extra\n" << "yes"
+        << perTable + ", 0" + others << "0,0,0,0,0,0,0,0,1,0,0,1,0,0,0|15" << 0;
     QTest::newRow("16-bit line counter") << head + QString("x\n").repeated(32766) + "2|X|Late\n" << ""
         << "SELECT count(*) FROM categories WHERE category = 'Late'" << "1" << 32768;
     QTest::newRow("dance ids differ: remaps chain, prizes keep theirs")
@@ -106,6 +125,13 @@ void TestImport::reads_each_generation()
     conn.execute("INSERT INTO custom_reports(competition_id, name) VALUES (?, 'First'), (?, 'Second')", {old, old});
     conn.execute("INSERT INTO custom_reports_fields(id, fvalue) SELECT id, 'Oban' FROM custom_reports");
     conn.execute("INSERT INTO dances(dance_id, dance) VALUES (18, 'Alpha'), (19, 'Beta')");
+    for (const char *name : {"One", "Two", "Three"})  // judge ids 1 to 3 are taken
+        Fixture::Judge(conn, old, "Old", name);
+    if (file.startsWith("every:")) {
+        file = file.mid(6);
+        for (const QString &t : Competition_Tables)  // a row of this competition and one of another
+            conn.execute("INSERT INTO " + t + "(competition_id) VALUES (?), (99)", {old});
+    }
 
     const bool bare = file.startsWith("bare:");
     QString text = file.mid(bare ? 5 : 0).replace('|', '\t');

@@ -5,6 +5,7 @@
 #include "exchange/FrmBackup.h"
 #include "exchange/FrmRestore.h"
 #include "exchange/export_file.h"
+#include "exchange/import_file.h"
 
 #include "core/dialogs.h"
 #include "core/globals.h"
@@ -93,6 +94,30 @@ void TestRoundTrip::small_file_byte_for_byte()
                                      "12\t1\tBest\r\n13\tE1\r\n14\tOban\r\n15\tFling\r\n"));
     QCOMPARE(steps, QList<int>({2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
     QCOMPARE(Clean_Export_Name("Games 12/07/2026: <A&B>|?*\\"), QString("Games 12072026 AB"));
+
+    // A name outside the code page goes out with "?" for its letters, never the byte 0x1A,
+    // and read back in it still finds the competition it came from.
+    conn.execute(QString::fromUtf8("UPDATE competitions SET competition_name = '\u0141\u00f3d\u017a Open'"));
+    Write_Export_File(conn, 1, env.file("small.dmp"));
+    QVERIFY(f.seek(0));
+    const QByteArray bytes = f.readAll();
+    QVERIFY(bytes.startsWith("1\t1\t?\xf3" "d? Open\t") && !bytes.contains('\x1a'));
+    Import_Hooks yes;
+    yes.confirm = [](const QString &) { return true; };
+    QCOMPARE(Import_File(conn, env.file("small.dmp"), yes).contents.summary("imported") + Rows(conn, "SELECT count(*) "
+             "FROM competitions"), "?\u00f3d? Open 1/7/2026: 1 competitor, 1 event, 1 mark imported.1");
+
+    // Files in UTF-8 with or without a mark or in Windows-1252 read alike; an empty one held nothing.
+    for (const QByteArray &file : {QByteArray("\xEF\xBB\xBF" "1\t1\tM\xC3\xB2rag Games\t2/7/2026\r\n"),
+                                   QByteArray("1\t1\tM\xC3\xB2rag Games\t2/7/2026\r\n"),
+                                   QByteArray("1\t1\tM\xF2rag Games\t2/7/2026\r\n"), QByteArray()}) {
+        f.close();
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(file) == file.size());
+        f.close();
+        QCOMPARE(Import_File(conn, env.file("small.dmp"), yes).contents.summary("imported"),
+                 file.isEmpty() ? "The file held nothing to import."
+                                : "M\u00f2rag Games 2/7/2026: 0 competitors, 0 events, 0 marks imported.");
+    }
 }
 
 void TestRoundTrip::results_equal_after_import_elsewhere()
@@ -105,11 +130,14 @@ void TestRoundTrip::results_equal_after_import_elsewhere()
     QVERIFY(expected.count(';') > 300);
 
     // Written through the screen, as the operator does it.
+    QString backupSaid;
     {
         FrmBackup backup;
         backup.LstComp_Click(backup.LstComp->item(0));
         QCOMPARE(backup.txt_filename->text(), QString("St Andrew's Highland Games 12/07/2026"));
+        Dialogs::clearRecords();
         backup.CmdBackup->click();
+        backupSaid = Dialogs::lastRecord().text;
     }
     const QString written = source.file("Backup/St Andrew's Highland Games 12072026.dmp");
     QVERIFY(QFile::exists(written));
@@ -123,11 +151,23 @@ void TestRoundTrip::results_equal_after_import_elsewhere()
     FrmRestore restore;
     QCOMPARE(restore.lstFiles->count(), 1);  // an extension in capitals is not listed
     QCOMPARE(restore.lstFiles->currentItem()->text(), QString("games"));
+    // A folder typed in full is listed on Enter; the browser's title has no "&".
+    restore.lstFiles->clear();
+    QTest::keyClick(restore.txtfile, Qt::Key_Return);
+    Dialogs::queueText(QString());
+    restore.CmdBrowse->click();
+    QCOMPARE(Dialogs::lastRecord().text + QString::number(restore.lstFiles->count()), "Select a restore directory:1");
+    // Nothing was chosen in this fresh data folder: the competition read becomes current.
+    Current_Competition_Id = 0;
+    Current_Competition_Name.clear();
     Dialogs::clearRecords();
     restore.CmdRestore->click();
-    QCOMPARE(Dialogs::texts(), QStringList());
+    const QString held = "St Andrew's Highland Games 12/07/2026: 200 competitors, 6 events, " + QLocale(QLocale::English)
+        .toString(Rows(from, "SELECT (SELECT count(*) FROM judges_results) + (SELECT count(*) FROM comp_judges_results)").toInt());
+    QCOMPARE(Dialogs::texts() << backupSaid, QStringList({held + " marks imported.", held + " marks exported to " + written + "."}));
     const short imported = Current_Competition_Id;
     QCOMPARE(imported, short(2));
+    QCOMPARE(Current_Competition_Name, QString("St Andrew's Highland Games"));
     QCOMPARE(Rows(to, "SELECT count(*), count(address1), count(nullif(notes, '')), sum(fee) FROM competitors WHERE competition_id = 2"),
              QString("200|200|180|2250"));
     QCOMPARE(Tally_And_Read(to, imported), expected);
@@ -137,7 +177,7 @@ void TestRoundTrip::results_equal_after_import_elsewhere()
     to.execute("INSERT INTO custom_reports(competition_id, name) VALUES (1, 'Other Trophy')");
     Dialogs::queueAnswer(vbYes);
     restore.CmdRestore->click();
-    QCOMPARE(Dialogs::texts().size(), 1);
+    QCOMPARE(Dialogs::texts().size(), 3);
     QCOMPARE(Rows(to, "SELECT count(*) FROM custom_reports_groups WHERE id NOT IN (SELECT id FROM custom_reports)"),
              QString("1"));
     QCOMPARE(Rows(to, "SELECT count(*) FROM competitions"), QString("2"));

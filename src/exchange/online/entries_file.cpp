@@ -7,7 +7,7 @@ namespace Entries_File {
 
 Contents Read(const QByteArray &bytes)
 {
-    const QStringList all = (From_1252(bytes) + QStringLiteral("\r\n")).split(QLatin1Char('\n'));
+    const QStringList all = (Decode_Text(bytes) + QStringLiteral("\r\n")).split(QLatin1Char('\n'));
     Contents c;
     c.highestIndex = static_cast<int>(all.size()) - 1;
     for (int i = 1; i < c.highestIndex - 1; ++i)

@@ -34,7 +34,7 @@ struct Contents
     QList<QStringList> lines;
 };
 
-// Reads the file's bytes as Windows-1252.
+// Reads the file's bytes through Decode_Text (UTF-8 or Windows-1252).
 Contents Read(const QByteArray &bytes);
 
 // Headings and widths (twips; 0 leaves the grid's own) of the preview columns.

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <curl/curl.h>
+#include <filesystem>
 
 namespace {
 
@@ -101,9 +102,16 @@ bool Online_Check::Download_Entries_File(cFTP &ftp, const QString &remote, const
                            QString::fromUtf8(Contacts::Entries_Ftp_Password)))
         ftp.SetFTPDirectory(QStringLiteral("/"));
     QDir().mkpath(QFileInfo(local).absolutePath());
-    // A file that is not there leaves no text: nothing to tell then.
-    if (!ftp.FTPDownloadFile(local, remote) && !ftp.GetLastErrorMessage().isEmpty())
+    // The download goes to a file of its own and replaces the old one only when whole:
+    // written over the old file, a shorter new one would keep the old one's tail.
+    const QString part = local + QStringLiteral(".part");
+    QFile::remove(part);
+    std::error_code replaced;
+    if (ftp.FTPDownloadFile(part, remote))
+        std::filesystem::rename(QFile::encodeName(part).toStdString(), QFile::encodeName(local).toStdString(), replaced);
+    else if (!ftp.GetLastErrorMessage().isEmpty())   // a file that is not there leaves no text
         Box(ftp.GetLastErrorMessage());
+    QFile::remove(part);
     Bar(9);
     return true;   // a failed download goes on to the delete and the old local file
 }
@@ -145,9 +153,8 @@ Entries_Preview Preview_Entries(Connection &conn, short competitionId, const QSt
         p.rows[row++] = Entries_File::Preview_Row(fields);
     }
     if (p.newCount > 0) {
-        const QVariant low = conn.scalar(
-            QStringLiteral("SELECT min(competitor_id) -1 as compno from competitors where competition_id = ")
-            + QString::number(competitionId));
+        const QVariant low = conn.scalar(QStringLiteral("SELECT min(competitor_id) -1 as compno FROM (")
+                                         + Competitor_Numbers_Sql(competitionId) + QLatin1Char(')'));
         p.nextNumber = low.isNull() ? 600 : low.toInt();
     }
     return p;

@@ -68,7 +68,10 @@ struct Entries_Preview
 Entries_Preview Preview_Entries(Connection &conn, short competitionId, const QString &localPath);
 
 // Step 2: loads the preview rows under numbers running down from the number
-// typed. Gives the count loaded; a fault throws, and what ran before it stays.
+// typed, passing over numbers in use. Gives the count loaded; a fault throws:
+// the rows before it stay, the row in hand leaves nothing.
 int Load_Entries(Connection &conn, short competitionId, const QString &firstNumber,
                  const QList<QStringList> &rows, const QDate &today);
 QString Loaded_Label(int count);
+// The competitor numbers in use in the competition, in every table that holds them.
+QString Competitor_Numbers_Sql(short competitionId);
