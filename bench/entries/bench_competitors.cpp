@@ -1,5 +1,6 @@
-// The competitors screen with 1500 dancers: opening it (query and grid fill)
-// and saving after one edited row, beside the bare query of the same rows.
+// The competitors screen with 1500 dancers: a refresh of its grid (query and
+// fill) and two saves, each beside the statements it runs done bare on the
+// same connection.
 // Usage: bench_competitors [--shot file.png]
 #include "entries/competitor_columns.h"
 #include "entries/frmCompetitors.h"
@@ -9,6 +10,8 @@
 #include "core/globals.h"
 #include "core/pause.h"
 #include "ui/grid/flex_grid.h"
+
+#include "../bench_common.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -25,32 +28,6 @@
 namespace {
 
 const int Dancers = 1500;
-const int Runs = 7;
-
-struct Timing
-{
-    double median = 0;
-    double best = 0;
-};
-
-Timing Time_Of(const std::function<void()> &setUp, const std::function<void()> &work, int runs = Runs)
-{
-    std::vector<double> ms;
-    for (int i = 0; i < runs; ++i) {
-        setUp();
-        QElapsedTimer t;
-        t.start();
-        work();
-        ms.push_back(t.nsecsElapsed() / 1e6);
-    }
-    std::sort(ms.begin(), ms.end());
-    return {ms[ms.size() / 2], ms.front()};
-}
-
-void Print(const char *what, const Timing &t)
-{
-    std::printf("  %-58s %9.2f ms  (best %.2f)\n", what, t.median, t.best);
-}
 
 short Build_Competition(Connection &conn)
 {
@@ -128,38 +105,56 @@ int main(int argc, char **argv)
     std::printf("Competitors screen, %d dancers (%d entries), built in %.0f ms\n", Dancers,
                 conn.scalar("SELECT count(*) FROM competitor_groups").toInt(), build.nsecsElapsed() / 1e6);
 
-    const QString plain = Competitor_Statement(Current_Competition_Id) + QStringLiteral(" ORDER BY 2 DESC");
-    int rows = 0;
-    Print("bare query of the grid's statement", Time_Of([] {}, [&] { rows = conn.query(plain).rowCount(); }));
-    Print("row set read (same statement, with rowid)", Time_Of([] {}, [&] {
-              RecordSet rs;
-              rs.open(conn, QStringLiteral("competitors"), plain);
-          }));
-    Print("a connection opened (key derivation)", Time_Of([] {}, [] {
-              Connection c;
-              c.open();
-          }));
-
     std::unique_ptr<frmCompetitors> screen;
-    Print("screen opened: connection, query, grid fill, event list",
-          Time_Of([&] { screen.reset(); }, [&] { screen = std::make_unique<frmCompetitors>(); }));
+    const double opened = Bench::Median([&] {
+        std::vector<double> ms;
+        for (int i = 0; i < 5; ++i) {
+            screen.reset();
+            ms.push_back(Bench::Ms_Of([&] { screen = std::make_unique<frmCompetitors>(); }));
+        }
+        return ms;
+    }());
     screen->setWindowState(Qt::WindowNoState);
     screen->resize(1280, 860);
     screen->show();
     QCoreApplication::processEvents();
-    if (screen->MSFlexGrid1->rowCount() != Dancers + 1 || rows != Dancers) {
+    if (screen->MSFlexGrid1->rowCount() != Dancers + 1) {
         std::fprintf(stderr, "expected %d rows, grid has %d\n", Dancers, screen->MSFlexGrid1->rowCount() - 1);
         return 1;
     }
-    Print("grid refreshed: query and fill", Time_Of([] {}, [&] { screen->Refresh_Grid(); }));
+    // The bare twin: the statements a refresh runs, on the screen's own connection.
+    QList<QByteArray> statements;
+    {
+        Bench::Statement_Log log(screen->conn().handle());
+        screen->Refresh_Grid();
+        statements = log.statements;
+    }
+    sqlite3 *db = screen->conn().handle();
+    const Bench::Pair refresh = Bench::Alternate([&] { screen->Refresh_Grid(); }, [&] {
+        for (const QByteArray &s : statements)
+            Bench::Bare_Query(db, s);
+    });
+    std::printf("  (%lld statements a refresh; a connection opened: %.1f ms; screen opened: %.1f ms)\n",
+                qlonglong(statements.size()), Bench::Ms_Of([] {
+                    Connection c;
+                    c.open();
+                }),
+                opened);
+    Bench::Print("grid refreshed: query and fill of 1500 rows", refresh, 3.0);
 
+    // A save of one edited row: the write, the refresh and the box, beside
+    // the statements it runs, bare in one transaction.
     int n = 0;
-    Print("one edit: editor opened, text typed, cell left (row 1500)",
-          Time_Of([] {}, [&] { Edit_Cell(*screen, Dancers, 12, QStringLiteral("note %1").arg(++n)); }));
-    screen->Save_Changes();
-    Print("save after editing one row (write, refresh, box)",
-          Time_Of([&] { Edit_Cell(*screen, 700, 12, QStringLiteral("paid %1").arg(++n)); },
-                  [&] { screen->Save_Changes(); }));
+    const auto edit = [&] { Edit_Cell(*screen, 700, 12, QStringLiteral("paid %1").arg(++n)); };
+    {
+        edit();
+        Bench::Statement_Log log(db);
+        screen->Save_Changes();
+        statements = log.statements;
+    }
+    Bench::Print("save after editing one row (write, refresh)",
+                 Bench::Alternate([&] { screen->Save_Changes(); }, [&] { Bench::Bare_Run(db, statements); }, 7, edit),
+                 3.0);
     if (!shot.isEmpty()) {  // before the all-rows save upper-cases every name
         screen->MSFlexGrid1->setCurrentCell(1, 2);
         screen->MSFlexGrid1->setFocus();
@@ -178,11 +173,19 @@ int main(int argc, char **argv)
         screen->CmdGroupCancel_Click();
         screen->CmdCancelSearch_Click();
     }
-    Print("for scale: save with all 1500 rows marked", Time_Of([&] {
-              for (int r = 1; r <= Dancers; ++r)
-                  screen->Rules().marks().set(r);
-          },
-                                                                [&] { screen->Save_Changes(); }, 3));
+    const auto markAll = [&] {
+        for (int r = 1; r <= Dancers; ++r)
+            screen->Rules().marks().set(r);
+    };
+    {
+        markAll();
+        Bench::Statement_Log log(db);
+        screen->Save_Changes();
+        statements = log.statements;
+    }
+    Bench::Print("save with all 1500 rows marked",
+                 Bench::Alternate([&] { screen->Save_Changes(); }, [&] { Bench::Bare_Run(db, statements); }, 5, markAll),
+                 3.0);
     if (Dialogs::lastRecord().text != QLatin1String("Changes Saved!")) {
         std::fprintf(stderr, "save failed: %s\n", qPrintable(Dialogs::lastRecord().text));
         return 1;

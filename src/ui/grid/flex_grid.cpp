@@ -3,11 +3,49 @@
 
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTableView>
 
 namespace {
 
 constexpr Qt::ItemFlags DATA_FLAGS = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+
+// A data cell that keeps its text itself. A refresh of a large grid makes
+// and drops tens of thousands of cells, and the general list of roles costs
+// each of them an allocation; other roles (colours, tips) still go there.
+class Text_Cell : public QTableWidgetItem
+{
+public:
+    explicit Text_Cell(const QString &text) : QTableWidgetItem(UserType), m_text(text) { setFlags(DATA_FLAGS); }
+
+    QVariant data(int role) const override
+    {
+        if (role == Qt::DisplayRole || role == Qt::EditRole)
+            return m_text;
+        return QTableWidgetItem::data(role);
+    }
+
+    void setData(int role, const QVariant &value) override
+    {
+        if (role != Qt::DisplayRole && role != Qt::EditRole) {
+            QTableWidgetItem::setData(role, value);
+            return;
+        }
+        QString text = value.toString();
+        if (text == m_text)
+            return;
+        m_text = std::move(text);
+        if (QTableWidget *table = tableWidget()) {
+            const QModelIndex index = table->model()->index(table->row(this), table->column(this));
+            emit table->model()->dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
+        }
+    }
+
+    QTableWidgetItem *clone() const override { return new Text_Cell(*this); }
+
+private:
+    QString m_text;
+};
 
 } // namespace
 
@@ -83,17 +121,22 @@ QString FlexGrid::Text(int row, int col) const
 
 void FlexGrid::Set_Text(int row, int col, const QString &text)
 {
+    // With updates off the grid is being filled: each cell's change signal
+    // would reach both views for nothing, and turning updates back on
+    // repaints the whole grid anyway.
+    const QSignalBlocker filling(updatesEnabled() ? nullptr : model());
     QTableWidgetItem *it = item(row, col);
-    if (!it) {
-        if (text.isEmpty())
-            return;
-        it = new QTableWidgetItem;
-        it->setFlags(DATA_FLAGS);
-        setItem(row, col, it);
-        if (row < m_fixed)
-            Style_Caption_Cell(row, col);
+    if (it) {
+        it->setText(text);
+        return;
     }
-    it->setText(text);
+    if (text.isEmpty())
+        return;
+    // The text goes in before the cell joins the table: one change, not two.
+    it = new Text_Cell(text);
+    setItem(row, col, it);
+    if (row < m_fixed)
+        Style_Caption_Cell(row, col);
 }
 
 void FlexGrid::Set_Col_Width(int col, int twips)
